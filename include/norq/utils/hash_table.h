@@ -1,0 +1,416 @@
+#ifndef NORQ_UTILS_HASH_TABLE_H
+#define NORQ_UTILS_HASH_TABLE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+#include <iterator>
+#include <limits>
+#include <new>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace norq {
+
+/// Hands out uninitialised blocks of `BlockSize` bytes, aligned for a pointer, and takes them back.
+///
+/// A block taken back goes out again before any other (last in, first out); untouched blocks go out
+/// in ascending address order. Blocks are carved from chunks, one call of `malloc` each, whose
+/// block count is multiplied by the growth factor from one to the next, up to a limit. Chunks are
+/// released only by the destructor. The second template argument is reserved and must be false.
+template <std::size_t BlockSize, bool Reserved>
+class MemoryPool {
+  static_assert(!Reserved, "the second template argument is reserved");
+  static_assert(BlockSize >= sizeof(void*) && BlockSize % alignof(void*) == 0,
+                "a free block holds the pointer to the next one");
+
+ public:
+  /// The first chunk has `first` blocks (at least 1), each later one `factor` (at least 1) times as
+  /// many as the one before it, but at most `largest` (0: no limit). Allocates nothing yet.
+  MemoryPool(std::size_t first, float factor, std::size_t largest) noexcept
+      : next_block_count(first), growth_factor(factor), largest_block_count(largest) {}
+  MemoryPool(const MemoryPool&) = delete;
+  MemoryPool& operator=(const MemoryPool&) = delete;
+
+  ~MemoryPool() {
+    while (chunks != nullptr) {
+      Chunk* const newest = chunks;
+      chunks = newest->previous;
+      std::free(newest);
+    }
+  }
+
+  /// A block, until it is given back or the pool is destroyed. Throws `std::bad_alloc`, and changes
+  /// nothing, if a new chunk is needed and there is no memory for it.
+  void* allocate() {
+    if (free_blocks == nullptr) allocate_chunk();
+    FreeBlock* const block = free_blocks;
+    free_blocks = block->next;
+    return block;
+  }
+
+  /// Takes back a block that `allocate` of this pool returned.
+  void recycle(void* block) noexcept { free_blocks = ::new (block) FreeBlock{free_blocks}; }
+
+ private:
+  struct FreeBlock {
+    FreeBlock* next;
+  };
+  struct Chunk {  // followed by its blocks
+    Chunk* previous;
+  };
+
+  void allocate_chunk() {
+    const std::size_t block_count = next_block_count;
+    constexpr std::size_t most = (std::numeric_limits<std::size_t>::max() - sizeof(Chunk));
+    if (block_count > most / BlockSize) throw std::bad_alloc();
+    void* const memory = std::malloc(sizeof(Chunk) + block_count * BlockSize);
+    if (memory == nullptr) throw std::bad_alloc();
+    chunks = ::new (memory) Chunk{chunks};
+
+    next_block_count = static_cast<std::size_t>(static_cast<float>(block_count) * growth_factor);
+    if (largest_block_count != 0 && next_block_count > largest_block_count) {
+      next_block_count = largest_block_count;
+    }
+
+    auto* const blocks = static_cast<unsigned char*>(memory) + sizeof(Chunk);
+    for (std::size_t i = block_count; i-- > 0;) recycle(blocks + i * BlockSize);
+  }
+
+  std::size_t next_block_count;
+  float growth_factor;
+  std::size_t largest_block_count;
+  Chunk* chunks = nullptr;
+  FreeBlock* free_blocks = nullptr;
+};
+
+/// A `MemoryPool` of blocks that hold objects of type T. It does not destroy objects that are still
+/// alive when it goes: whoever made them frees them first.
+template <class T, bool Reserved>
+class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
+  static_assert(alignof(T) <= alignof(void*), "blocks are aligned for a pointer");
+
+ public:
+  using MemoryPool<sizeof(T), Reserved>::MemoryPool;
+
+  /// A new object made from `arguments`. If its constructor throws, the block is back in the pool.
+  template <class... Arguments>
+  T* create(Arguments&&... arguments) {
+    void* const block = this->allocate();
+    try {
+      return ::new (block) T(std::forward<Arguments>(arguments)...);
+    } catch (...) {
+      this->recycle(block);
+      throw;
+    }
+  }
+
+  /// Destroys `object`, which lives in a block of this pool, and takes the block back.
+  void free(T* object) noexcept {
+    object->~T();
+    this->recycle(object);
+  }
+};
+
+namespace hsh {
+
+/// The hash functions of the tables. They are part of the contract: iteration order follows from
+/// them.
+template <class Key>
+struct hash;
+
+/// h = 5 h + b for each byte b, read as a signed 8-bit number, up to the first NUL byte; modulo
+/// 2^64. Quick, and good enough for names; someone who chooses the keys can make them collide.
+template <>
+struct hash<std::string> {
+  std::uint64_t operator()(const std::string& key) const noexcept;
+};
+
+/// The int itself, widened with its sign.
+template <>
+struct hash<int> {
+  std::uint64_t operator()(int key) const noexcept {
+    return static_cast<std::uint64_t>(static_cast<std::int64_t>(key));
+  }
+};
+
+/// Extracts the key of a map's element.
+template <class Key, class T>
+struct GetKey_pair {
+  const Key& operator()(const std::pair<Key, T>& value) const noexcept { return value.first; }
+};
+
+/// Extracts the key of a set's element: the element.
+template <class Key>
+struct GetKey_identity {
+  const Key& operator()(const Key& value) const noexcept { return value; }
+};
+
+/// The bucket count that serves `wanted` buckets: the first of the primes 31, 73, 151, 313, 643,
+/// ..., 4294867387 (each about twice the one before it, so that growth costs a constant for each
+/// insertion) that is not less, or else the last.
+std::size_t bucket_count_for(std::size_t wanted) noexcept;
+
+/// A chained hash table of Values with unique Keys, the base of `HashMap` and `HashSet`.
+///
+/// What a user may rely on:
+/// - Elements do not move: a pointer or reference to one is valid until it is erased, the table is
+///   cleared or destroyed. An iterator is valid until then or until the table grows.
+/// - Iteration goes through the buckets in ascending order and through each chain from its head,
+///   the element linked last. It depends on nothing but the keys and the sequence of calls.
+/// - A new table has 31 buckets. It grows to the next prime on an insertion attempt, even of a key
+///   that is present, made while its load is above 0.7: at 22, 52, 106, 220, ... elements.
+/// - An insertion that throws leaves the elements as they were (the table may have grown). Nothing
+///   else throws, but for `rehash` and `clear(true)`, which allocate a bucket array first and leave
+///   the table as it was if there is no memory for it.
+/// - Find, insert and erase take constant time on the average, for keys that hash well.
+///
+/// What the implementation keeps:
+/// - Every element is in the chain of bucket Hash(key) modulo the bucket count, and in no other.
+/// - `size()` is the number of nodes in all chains; no two of them have equal keys.
+/// - The bucket count never decreases. Nodes live in the table's pool, whose chunks hold 16, 32,
+///   64, ... up to 8192 of them, and go back to it when erased.
+///
+/// GetKey, Hash and Equal hold no data and do not throw. Neither copied nor assigned.
+template <class Value, class GetKey, class Key, class Hash, class Equal>
+class Hashtable {
+  static_assert(std::is_empty_v<GetKey> && std::is_empty_v<Hash> && std::is_empty_v<Equal>,
+                "function objects are made where they are needed");
+
+ public:
+  /// A node of a chain.
+  struct Bucket {
+    template <class V>
+    explicit Bucket(V&& element) : value(std::forward<V>(element)) {}
+
+    Bucket* next = nullptr;
+    Value value;
+  };
+
+  /// A forward iterator. For a map, only the second member of what it refers to may be changed; of
+  /// a set, nothing.
+  template <bool is_const>
+  class BasicIterator {
+   public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = Value;
+    using difference_type = std::ptrdiff_t;
+    using reference = std::conditional_t<is_const, const Value&, Value&>;
+    using pointer = std::conditional_t<is_const, const Value*, Value*>;
+
+    BasicIterator() = default;
+    template <bool other_is_const, class = std::enable_if_t<is_const && !other_is_const>>
+    BasicIterator(const BasicIterator<other_is_const>& other) noexcept
+        : node(other.node), chain(other.chain), last_chain(other.last_chain) {}
+
+    reference operator*() const noexcept { return node->value; }
+    pointer operator->() const noexcept { return &node->value; }
+    BasicIterator& operator++() noexcept {
+      node = node->next;
+      skip_empty_chains();
+      return *this;
+    }
+    BasicIterator operator++(int) noexcept {
+      BasicIterator before = *this;
+      ++*this;
+      return before;
+    }
+    friend bool operator==(const BasicIterator& a, const BasicIterator& b) noexcept {
+      return a.node == b.node;
+    }
+    friend bool operator!=(const BasicIterator& a, const BasicIterator& b) noexcept {
+      return a.node != b.node;
+    }
+
+   private:
+    friend class Hashtable;
+    friend class BasicIterator<true>;
+
+    BasicIterator(Bucket* const* first_chain, Bucket* const* after_last_chain, Bucket* at) noexcept
+        : node(at), chain(first_chain), last_chain(after_last_chain) {}
+
+    void skip_empty_chains() noexcept {
+      while (node == nullptr && ++chain != last_chain) node = *chain;
+    }
+
+    Bucket* node = nullptr;               // null at the end
+    Bucket* const* chain = nullptr;       // the chain that `node` is in
+    Bucket* const* last_chain = nullptr;  // one past the last
+  };
+  using iterator = BasicIterator<false>;
+  using const_iterator = BasicIterator<true>;
+
+  Hashtable() = default;
+  Hashtable(const Hashtable&) = delete;
+  Hashtable& operator=(const Hashtable&) = delete;
+  ~Hashtable() { free_nodes(); }
+
+  std::size_t size() const noexcept { return count; }
+  std::size_t bucket_count() const noexcept { return buckets.size(); }
+
+  iterator begin() noexcept { return begin_of<iterator>(); }
+  iterator end() noexcept { return end_of<iterator>(); }
+  const_iterator begin() const noexcept { return begin_of<const_iterator>(); }
+  const_iterator end() const noexcept { return end_of<const_iterator>(); }
+
+  /// The element with this key, or `end()`. An empty table does not hash the key.
+  iterator find(const Key& key) noexcept { return find_as<iterator>(key); }
+  const_iterator find(const Key& key) const noexcept { return find_as<const_iterator>(key); }
+
+  /// Inserts `value`; returns false, and leaves the element that is there as it is, if there is one
+  /// with its key.
+  bool insert(const Value& value) { return insert_value(value, nullptr, nullptr); }
+  bool insert(Value&& value) { return insert_value(std::move(value), nullptr, nullptr); }
+
+  /// Like `insert`, and tells the key's bucket through `bucket` and the node that now holds the key
+  /// through `node`. (Either may be null.) When it returns false, a moved value is still whole.
+  bool do_insert(const Value& value, std::size_t* bucket, Bucket** node) {
+    return insert_value(value, bucket, node);
+  }
+  bool do_insert(Value&& value, std::size_t* bucket, Bucket** node) {
+    return insert_value(std::move(value), bucket, node);
+  }
+
+  /// Removes the element with this key; false if there is none. `key` may be part of that element.
+  bool erase(const Key& key) noexcept {
+    if (count == 0) return false;
+    Bucket** const link = find_link(key);
+    Bucket* const node = *link;
+    if (node == nullptr) return false;
+    *link = node->next;
+    --count;
+    pool.free(node);
+    return true;
+  }
+
+  /// Removes every element. The bucket count and the pool's memory stay for reuse; `reallocate`
+  /// only exchanges the bucket array for a new one of the same length.
+  void clear(bool reallocate) {
+    std::vector<Bucket*> fresh(reallocate ? buckets.size() : 0);
+    free_nodes();
+    if (reallocate) buckets.swap(fresh);
+  }
+
+  /// Makes the bucket count `bucket_count_for(wanted)`, unless it is `wanted` or more already.
+  void rehash(std::size_t wanted) {
+    if (buckets.size() >= wanted) return;
+    std::vector<Bucket*> old(bucket_count_for(wanted));
+    buckets.swap(old);
+    for (Bucket* node : old) {
+      while (node != nullptr) {
+        Bucket* const successor = node->next;
+        link(node, bucket_of(GetKey()(node->value)));
+        node = successor;
+      }
+    }
+  }
+
+  /// A node of this table's pool that holds a copy of `value` and is in no chain yet.
+  Bucket* new_Bucket(const Value& value) { return pool.create(value); }
+  Bucket* new_Bucket(Value&& value) { return pool.create(std::move(value)); }
+
+ private:
+  std::size_t bucket_of(const Key& key) const noexcept {
+    return static_cast<std::size_t>(Hash()(key) % buckets.size());
+  }
+
+  // The load is compared in these widths on purpose: they fix the growth points.
+  bool overloaded() const noexcept {
+    const float load = static_cast<float>(count) / static_cast<float>(buckets.size());
+    return static_cast<double>(load) > 0.7;
+  }
+
+  void link(Bucket* node, std::size_t bucket) noexcept {
+    node->next = buckets[bucket];
+    buckets[bucket] = node;
+  }
+
+  // The link that holds the node with this key, or the null at the end of its chain.
+  Bucket** find_link(const Key& key) noexcept { return walk(&buckets[bucket_of(key)], key); }
+
+  template <class Link>
+  static Link* walk(Link* link, const Key& key) noexcept {
+    while (*link != nullptr && !Equal()(GetKey()((*link)->value), key)) link = &(*link)->next;
+    return link;
+  }
+
+  template <class V>
+  bool insert_value(V&& value, std::size_t* bucket_out, Bucket** node_out) {
+    if (overloaded()) rehash(buckets.size() + 1);
+    const std::size_t bucket = bucket_of(GetKey()(value));
+    if (bucket_out != nullptr) *bucket_out = bucket;
+    Bucket* node = *walk(&buckets[bucket], GetKey()(value));
+    const bool absent = node == nullptr;
+    if (absent) {
+      node = new_Bucket(std::forward<V>(value));
+      link(node, bucket);
+      ++count;
+    }
+    if (node_out != nullptr) *node_out = node;
+    return absent;
+  }
+
+  template <class Iterator>
+  Iterator begin_of() const noexcept {
+    if (count == 0) return end_of<Iterator>();
+    Iterator it(buckets.data(), buckets.data() + buckets.size(), buckets.front());
+    it.skip_empty_chains();
+    return it;
+  }
+
+  template <class Iterator>
+  Iterator end_of() const noexcept {
+    Bucket* const* const last_chain = buckets.data() + buckets.size();
+    return Iterator(last_chain, last_chain, nullptr);
+  }
+
+  template <class Iterator>
+  Iterator find_as(const Key& key) const noexcept {
+    if (count == 0) return end_of<Iterator>();
+    Bucket* const* const chain = &buckets[bucket_of(key)];
+    Bucket* const node = *walk(chain, key);
+    return node == nullptr ? end_of<Iterator>()
+                           : Iterator(chain, buckets.data() + buckets.size(), node);
+  }
+
+  void free_nodes() noexcept {
+    if (count == 0) return;
+    for (Bucket*& chain : buckets) {
+      while (chain != nullptr) {
+        Bucket* const node = chain;
+        chain = node->next;
+        pool.free(node);
+      }
+    }
+    count = 0;
+  }
+
+  ObjectPool<Bucket, false> pool{16, 2.0f, 8192};
+  std::vector<Bucket*> buckets = std::vector<Bucket*>(bucket_count_for(0));
+  std::size_t count = 0;
+};
+
+/// A map from Key to T. Its elements are pairs of the two.
+template <class Key, class T, class Hash = hash<Key>, class Equal = std::equal_to<Key>>
+class HashMap : public Hashtable<std::pair<Key, T>, GetKey_pair<Key, T>, Key, Hash, Equal> {
+ public:
+  /// The value of `key`, after an insertion attempt of `key` with `T()`.
+  T& operator[](const Key& key) {
+    typename HashMap::Bucket* node = nullptr;
+    this->do_insert(std::pair<Key, T>(key, T()), nullptr, &node);
+    return node->value.second;
+  }
+};
+
+/// A set of Keys.
+template <class Key, class Hash = hash<Key>, class Equal = std::equal_to<Key>>
+class HashSet : public Hashtable<Key, GetKey_identity<Key>, Key, Hash, Equal> {};
+
+}  // namespace hsh
+
+}  // namespace norq
+
+#endif  // NORQ_UTILS_HASH_TABLE_H

@@ -1,0 +1,143 @@
+#ifndef NORQ_UTILS_SORT_H
+#define NORQ_UTILS_SORT_H
+
+#include <cstddef>
+#include <utility>
+
+namespace norq {
+
+namespace sortimpl {
+
+/// Ranges below this length are cheaper to sort by selection or insertion than to partition.
+constexpr std::size_t small_range = 16;
+
+/// Nested partitions before a stretch is taken to defeat the choice of the pivot and is heap-sorted
+/// instead: enough for any range that splits tolerably, few enough to bound the stack.
+constexpr int depth_budget = 32;
+
+/// Puts `value` into the heap a[top] ... a[n - 1], whose top is a hole. The hole travels down to a
+/// leaf, always to the larger child; then the value climbs from there to its place. (Floyd's
+/// variant of the sift: one comparison a level on the way down, and few on the way up.)
+template <class T, class Size, class Compare>
+void sift(T* a, Size top, Size n, T value, Compare& cmp) {
+  Size hole = top;
+  while (hole < n / 2) {  // while it has a left child
+    Size child = 2 * hole + 1;
+    if (child + 1 < n && cmp(a[child], a[child + 1])) ++child;
+    a[hole] = std::move(a[child]);
+    hole = child;
+  }
+  while (hole > top) {
+    const Size parent = (hole - 1) / 2;
+    if (!cmp(a[parent], value)) break;
+    a[hole] = std::move(a[parent]);
+    hole = parent;
+  }
+  a[hole] = std::move(value);
+}
+
+template <class T, class Size, class Compare>
+void heap_sort(T* a, Size n, Compare& cmp) {
+  for (Size top = n / 2; top-- > 0;) {
+    T value = std::move(a[top]);
+    sift(a, top, n, std::move(value), cmp);
+  }
+  while (n > 1) {
+    --n;
+    T value = std::move(a[n]);
+    a[n] = std::move(a[0]);
+    sift(a, Size{0}, n, std::move(value), cmp);
+  }
+}
+
+/// Which of x, y and z is the median.
+template <class T, class Compare>
+const T& median(const T& x, const T& y, const T& z, Compare& cmp) {
+  if (cmp(x, y)) return cmp(y, z) ? y : cmp(x, z) ? z : x;
+  return cmp(x, z) ? x : cmp(y, z) ? z : y;
+}
+
+/// Swaps the elements of a[0] ... a[n - 1] until none of the first i is greater than any other, and
+/// returns i. The scans need no bound: the pivot is the value of an element, and both scans stop at
+/// an equal one.
+template <class T, class Size, class Compare>
+Size partition(T* a, Size n, Compare& cmp) {
+  using std::swap;
+  const T pivot = median(a[0], a[n / 2], a[n - 1], cmp);
+  Size i = 0;
+  Size j = n - 1;
+  for (;;) {
+    while (cmp(a[i], pivot)) ++i;
+    while (cmp(pivot, a[j])) --j;
+    if (i >= j) return i;
+    swap(a[i], a[j]);
+    ++i;
+    --j;
+  }
+}
+
+/// Cuts the `n` elements from `first` into consecutive stretches, each sorted or shorter than
+/// `small_range`, no element of one greater than any of a later one: what is left is work for one
+/// insertion pass. An introspective quicksort (D. Musser, "Introspective Sorting and Selection
+/// Algorithms", 1997): after `depth` nested partitions (at least 0) a stretch is heap-sorted, so
+/// that it costs O(n log n) at the worst. At most `depth` + 1 calls are nested.
+template <class T, class Size, class Compare>
+void do_sort(T* first, Size n, Compare cmp, int depth) {
+  while (n >= small_range) {
+    if (depth == 0) {
+      heap_sort(first, n, cmp);
+      return;
+    }
+    --depth;
+    const Size left = partition(first, n, cmp);
+    do_sort(first, left, cmp, depth);
+    first += left;
+    n -= left;
+  }
+}
+
+template <class T, class Compare>
+void selection_sort(T* first, T* last, Compare& cmp) {
+  using std::swap;
+  for (; first != last; ++first) {
+    T* smallest = first;
+    for (T* candidate = first + 1; candidate != last; ++candidate) {
+      if (cmp(*candidate, *smallest)) smallest = candidate;
+    }
+    swap(*first, *smallest);
+  }
+}
+
+template <class T, class Compare>
+void insertion_sort(T* first, T* last, Compare& cmp) {
+  for (T* next = first + 1; next < last; ++next) {
+    T x = std::move(*next);
+    T* hole = next;
+    for (; hole != first && cmp(x, hole[-1]); --hole) *hole = std::move(hole[-1]);
+    *hole = std::move(x);
+  }
+}
+
+}  // namespace sortimpl
+
+/// Sorts [first, last) ascending by `cmp`, a strict weak ordering: cmp(a, b) is true when a must
+/// come before b. (With another `cmp` the behaviour is undefined.)
+///
+/// Not stable, yet deterministic: the order in which equal elements come out depends on nothing but
+/// the sequence of answers of `cmp`, and is the same on every platform. In place, O(n log n)
+/// comparisons at the worst, no allocation, and a stack bounded by a constant. Throws what `cmp`
+/// and the moves and copies of elements throw; the elements are then in no useful state.
+template <class T, class Compare>
+void sort(T* first, T* last, Compare cmp) {
+  const auto n = static_cast<std::size_t>(last - first);
+  if (n < sortimpl::small_range) {
+    sortimpl::selection_sort(first, last, cmp);
+    return;
+  }
+  sortimpl::do_sort(first, n, cmp, sortimpl::depth_budget);
+  sortimpl::insertion_sort(first, last, cmp);
+}
+
+}  // namespace norq
+
+#endif  // NORQ_UTILS_SORT_H

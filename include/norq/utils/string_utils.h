@@ -1,0 +1,231 @@
+#ifndef NORQ_UTILS_STRING_UTILS_H
+#define NORQ_UTILS_STRING_UTILS_H
+
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace norq {
+namespace str {
+
+/// norq's one notion of white space: true exactly for space, tab, line feed, vertical tab, form
+/// feed and carriage return, whatever the locale. Bytes from 0x80 up are never white space.
+struct IsSpace {
+  constexpr bool operator()(char byte) const noexcept {
+    return byte == ' ' || (byte >= '\t' && byte <= '\r');
+  }
+};
+
+/// The part of `text` from its first byte for which `pred` is false. The views are parts of `text`,
+/// valid as long as its bytes are.
+template <class Pred>
+std::string_view lstrip_view(std::string_view text, Pred pred) {
+  std::size_t first = 0;
+  while (first < text.size() && pred(text[first])) ++first;
+  return text.substr(first);
+}
+
+/// The part of `text` up to and including its last byte for which `pred` is false.
+template <class Pred>
+std::string_view rstrip_view(std::string_view text, Pred pred) {
+  std::size_t last = text.size();
+  while (last > 0 && pred(text[last - 1])) --last;
+  return text.substr(0, last);
+}
+
+/// `text` without the bytes for which `pred` is true at both ends.
+template <class Pred>
+std::string_view strip_view(std::string_view text, Pred pred) {
+  return lstrip_view(rstrip_view(text, pred), pred);
+}
+
+/// The same three as copies: `str::strip<str::IsSpace>(text)`.
+template <class Pred>
+std::string lstrip(const std::string& text, Pred pred = Pred()) {
+  return std::string(lstrip_view(text, pred));
+}
+template <class Pred>
+std::string rstrip(const std::string& text, Pred pred = Pred()) {
+  return std::string(rstrip_view(text, pred));
+}
+template <class Pred>
+std::string strip(const std::string& text, Pred pred = Pred()) {
+  return std::string(strip_view(text, pred));
+}
+
+class TokenizerBase;
+
+/// A single-pass input iterator over the tokens of a tokenizer. All iterators of one tokenizer
+/// share its state: dereferencing any of them gives the current token, and incrementing any of them
+/// goes on to the next. Valid as long as the tokenizer.
+class TokenIterator {
+ public:
+  using iterator_category = std::input_iterator_tag;
+  using value_type = std::string;
+  using difference_type = std::ptrdiff_t;
+  using reference = const std::string&;
+  using pointer = const std::string*;
+
+  /// What a postfix increment returns: the token as it was before.
+  class Previous {
+   public:
+    explicit Previous(std::string previous) : token(std::move(previous)) {}
+    const std::string& operator*() const noexcept { return token; }
+
+   private:
+    std::string token;
+  };
+
+  TokenIterator() = default;
+
+  /// `start` is the offset in the text at which the current token starts, or npos at the end.
+  TokenIterator(TokenizerBase* owner, std::size_t start) noexcept : tokenizer(owner), pos(start) {}
+
+  reference operator*() const;
+  pointer operator->() const { return &**this; }
+  TokenIterator& operator++();
+  Previous operator++(int) {
+    Previous token(**this);
+    ++*this;
+    return token;
+  }
+
+  friend bool operator==(const TokenIterator& a, const TokenIterator& b) noexcept {
+    return a.tokenizer == b.tokenizer && a.pos == b.pos;
+  }
+  friend bool operator!=(const TokenIterator& a, const TokenIterator& b) noexcept {
+    return !(a == b);
+  }
+
+ private:
+  TokenizerBase* tokenizer = nullptr;
+  std::size_t pos = std::string::npos;
+};
+
+/// What a tokenizer does. Call `begin` exactly once, then dereference and increment the iterator in
+/// turn until it equals `end()`; there is no way back.
+class TokenizerBase {
+ public:
+  TokenizerBase() = default;
+  TokenizerBase(const TokenizerBase&) = delete;
+  TokenizerBase& operator=(const TokenizerBase&) = delete;
+  virtual ~TokenizerBase();
+
+  virtual TokenIterator begin() = 0;
+  virtual TokenIterator end() = 0;
+
+  /// Makes the next token current and returns the offset at which it starts, or npos, changing
+  /// nothing, if there is none left.
+  virtual std::size_t next_pos() = 0;
+
+  virtual const std::string& cur_token() const = 0;
+};
+
+/// Owns a tokenizer, or nothing: then its sequence is empty. Moved, but not copied; the iterators
+/// stay with the tokenizer that moves.
+class Tokenizer {
+ public:
+  class IsDelim;
+  template <class Pred>
+  class TokenizerImpl;
+
+  Tokenizer() = default;
+  explicit Tokenizer(std::unique_ptr<TokenizerBase> tokenizer) noexcept
+      : impl(std::move(tokenizer)) {}
+
+  TokenIterator begin() { return impl == nullptr ? TokenIterator() : impl->begin(); }
+  TokenIterator end() { return impl == nullptr ? TokenIterator() : impl->end(); }
+
+ private:
+  std::unique_ptr<TokenizerBase> impl;
+};
+
+/// True for the bytes of a delimiter string, in time proportional to its length.
+class Tokenizer::IsDelim {
+ public:
+  /// Copies `delimiters`, which must not be null. (So the NUL byte is never a delimiter.)
+  explicit IsDelim(const char* delimiters) : delims(delimiters) {}
+  bool operator()(char byte) const noexcept { return delims.find(byte) != std::string::npos; }
+
+ private:
+  std::string delims;
+};
+
+/// Cuts a text at every byte for which `pred` is true. Such bytes are dropped, and runs of them are
+/// not merged: k of them make k + 1 tokens, some of them empty. With a split limit, only the first
+/// so many cut, and the rest of the text, whatever it holds, is the last token.
+template <class Pred>
+class Tokenizer::TokenizerImpl : public TokenizerBase {
+ public:
+  /// Keeps the address of `whole`, which must live and stay unchanged as long as the tokenizer is
+  /// used. A `limit` of 0 means no limit.
+  TokenizerImpl(const std::string& whole, Pred is_separator, std::size_t limit)
+      : text(&whole), pred(std::move(is_separator)), max_splits(limit) {}
+  TokenizerImpl(std::string&& whole, Pred is_separator, std::size_t limit) = delete;
+
+  TokenIterator begin() override {
+    advance();
+    return TokenIterator(this, 0);
+  }
+  TokenIterator end() override { return TokenIterator(this, std::string::npos); }
+
+  std::size_t next_pos() override {
+    const std::size_t next = pos;
+    if (next != std::string::npos) advance();
+    return next;
+  }
+
+  const std::string& cur_token() const override { return token; }
+
+ private:
+  /// Makes the token that starts at `pos` current.
+  void advance() {
+    const std::size_t start = pos < text->size() ? pos : text->size();
+    std::size_t cut = start;
+    if (max_splits == 0 || splits < max_splits) {
+      while (cut < text->size() && !pred((*text)[cut])) ++cut;
+    } else {
+      cut = text->size();
+    }
+    token.assign(*text, start, cut - start);
+    if (cut == text->size()) {
+      pos = std::string::npos;
+      return;
+    }
+    pos = cut + 1;
+    ++splits;
+  }
+
+  const std::string* text;
+  Pred pred;
+  std::size_t max_splits;
+  std::size_t splits = 0;
+  std::string token;
+  std::size_t pos = 0;
+};
+
+inline TokenIterator::reference TokenIterator::operator*() const {
+  return tokenizer->cur_token();
+}
+
+inline TokenIterator& TokenIterator::operator++() {
+  pos = tokenizer->next_pos();
+  return *this;
+}
+
+/// A tokenizer that cuts `text` at each byte of `delimiters`, at most `max_splits` times (0: no
+/// limit). `text` is kept by address and must outlive it; `delimiters`, not null, is copied.
+///
+///     str::Tokenizer parts = str::get_tokenizer(path, ":", 0);
+///     std::vector<std::string> directories(parts.begin(), parts.end());
+Tokenizer get_tokenizer(const std::string& text, const char* delimiters, std::size_t max_splits);
+Tokenizer get_tokenizer(std::string&& text, const char* delimiters,
+                        std::size_t max_splits) = delete;
+
+}  // namespace str
+}  // namespace norq
+
+#endif  // NORQ_UTILS_STRING_UTILS_H

@@ -1,0 +1,14 @@
+#include "norq/utils/string_utils.h"
+
+namespace norq {
+namespace str {
+
+TokenizerBase::~TokenizerBase() = default;
+
+Tokenizer get_tokenizer(const std::string& text, const char* delimiters, std::size_t max_splits) {
+  return Tokenizer(std::make_unique<Tokenizer::TokenizerImpl<Tokenizer::IsDelim>>(
+      text, Tokenizer::IsDelim(delimiters), max_splits));
+}
+
+}  // namespace str
+}  // namespace norq
