@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <locale>
 #include <string>
 #include <vector>
+
+#include "norq/options/option_parser.h"
 
 namespace {
 
@@ -52,6 +56,23 @@ TEST(Exception, TheHostsHookSeesTheFirstTextOnceForEachException) {
     EXPECT_STREQ(copy.what(), "first and second");
   }
   EXPECT_EQ(dumped(), Texts{"first"});
+}
+
+TEST(Exception, TheHostsHookSeesTheLibrarysExceptions) {
+  OptionParser parser(BOOL_STYLE_NO_PREFIX, false);
+  parser.add_option("n", OPT_INT, "");
+  const char* const argv[] = {"host", "-n=x"};
+  std::vector<std::string> rest;
+  const std::string path = std::string("exception_test.") + NORQ_LINKED_AS + ".tmp";
+  std::ofstream(path) << "n = x\n";
+  dumped().clear();
+  EXPECT_THROW(parser.parse_option("x", "", 0), OptionParser::error);
+  EXPECT_THROW(parser.parse_args(2, argv, rest, 0), OptionParser::error);
+  EXPECT_THROW(parser.parse_config_file("no/such/file", 0), Exception);
+  EXPECT_THROW(parser.parse_config_file(path, 0), Exception);
+  EXPECT_EQ(dumped(), (Texts{"unknown option", "bad option format", "unable to open config file: ",
+                             "bad value for option", "invalid line "}));
+  std::remove(path.c_str());
 }
 
 }  // namespace

@@ -1,0 +1,77 @@
+#ifndef NORQ_OPTIONS_OPTION_H
+#define NORQ_OPTIONS_OPTION_H
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace norq {
+
+/// The kinds of options. The numbers are part of the interface; they order a help listing by type.
+enum OptionType : int {
+  OPT_BOOL = 0,   ///< "true" or "false"
+  OPT_UINT = 1,   ///< decimal digits
+  OPT_INT = 2,    ///< decimal digits, or '-' and decimal digits
+  OPT_FLOAT = 3,  ///< decimal digits with at most one '.' among or around them
+  OPT_STR = 4,    ///< any text, the empty one included
+  OPT_FLAG = 5,   ///< no value: set or not set
+  OPT_ENUM = 6,   ///< one of the option's registered value names
+};
+
+/// The record of one option. A record inside a parser belongs to the parser; a host that reaches it
+/// through `OptionParser::get_option` may change it, and the next parse or help listing sees the
+/// change. (Changing `type` is for records that are not set.) Copies own copies of everything.
+class Option {
+ public:
+  /// The allowed value names of an enumeration, each with its code and its help text, in byte-wise
+  /// order.
+  using EnumValues = std::map<std::string, std::pair<int, std::string>>;
+
+  /// The value last stored. Which member counts follows from `type`.
+  union Value {
+    char* str_value;    ///< OPT_STR: NUL-terminated, from `malloc`, owned; null if there is none
+    bool bool_value;    ///< OPT_BOOL
+    int int_value;      ///< OPT_UINT, OPT_INT; OPT_ENUM: the code of the chosen value name
+    float float_value;  ///< OPT_FLOAT
+  };
+
+  /// A placeholder of type OPT_UINT with empty texts.
+  Option() noexcept = default;
+
+  /// An option that is not set.
+  Option(const std::string& option_name, OptionType option_type, const std::string& help_text,
+         int help_group, int ordinal);
+
+  Option(const Option& other);
+  Option(Option&& other) noexcept;
+
+  /// Both leave the target as it was if they throw (`std::bad_alloc`), and on self-assignment.
+  Option& operator=(const Option& other);
+  Option& operator=(Option&& other) noexcept;
+
+  ~Option();
+
+  /// Overwrites every field with a copy of the other's: the step that copying and assigning share.
+  /// The target must own no string value, for its buffer is not released. Changes nothing if it
+  /// throws `std::bad_alloc`.
+  void copy_from(const Option& other);
+
+  std::string name;  ///< the command line finds the option by it; help lists it
+  OptionType type = OPT_UINT;
+  std::string help;     ///< exactly "deprecated": listed without a help text
+  int group = 0;        ///< number of the help group, 0 for none
+  bool is_set = false;  ///< whether a value has been stored
+  int index = 0;        ///< 1 for the first option registered with a parser, then 2, ...
+  int level = 0;        ///< the level that came with the value last stored
+
+  std::unique_ptr<EnumValues> enum_values;  ///< OPT_ENUM: null until a value name is registered
+  Value value = {nullptr};                  ///< zero while not set
+
+ private:
+  void swap(Option& other) noexcept;
+};
+
+}  // namespace norq
+
+#endif  // NORQ_OPTIONS_OPTION_H

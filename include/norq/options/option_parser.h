@@ -1,0 +1,185 @@
+#ifndef NORQ_OPTIONS_OPTION_PARSER_H
+#define NORQ_OPTIONS_OPTION_PARSER_H
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "norq/options/option.h"
+#include "norq/utils/exception.h"
+#include "norq/utils/hash_table.h"
+
+namespace norq {
+
+/// How boolean options are written on the command line.
+enum OptionBoolStyle : int {
+  BOOL_STYLE_NO_PREFIX = 0,   ///< -name and -no_name
+  BOOL_STYLE_PLUS_MINUS = 1,  ///< +name and -name; every other option is then written +name=value
+  BOOL_STYLE_VALUE = 2,       ///< -name=true and -name=false
+};
+
+/// The order of a help listing.
+enum OptionPrintOrder : int {
+  PRINT_ORDER_INDEX = 0,       ///< by registration
+  PRINT_ORDER_NAME = 1,        ///< by name, byte-wise
+  PRINT_ORDER_TYPE_INDEX = 2,  ///< by type number, then by registration
+  PRINT_ORDER_TYPE_NAME = 3,   ///< by type number, then by name
+  PRINT_ORDER_GROUP_NAME = 4,  ///< by help group, each under its heading, then by name
+};
+
+/// The layout of a help listing.
+enum OptionPrintStyle : int {
+  PRINT_STYLE_TAB = 0,       ///< entry, tab, help text as it is: for other programs to read
+  PRINT_STYLE_ALIGNED = 1,   ///< help texts in a column to the right of the entries, 80 wide
+  PRINT_STYLE_INDENTED = 2,  ///< help texts below their entries, 80 wide
+};
+
+/// The options of a program: registered once, set from any number of sources, read back, listed.
+///
+/// The parser owns its options. An option is found by its key everywhere but on the command line
+/// and in the help listing, which show its display name (the key, unless another was given). Keys
+/// and names are byte strings, compared byte for byte.
+///
+/// An option has no default: until a value is stored it is not set, and reading it leaves the
+/// host's variable as it is. Each source of settings has a level; a value that came with a smaller
+/// level is never replaced by one that comes with a larger, at equal levels the later wins.
+///
+/// Registering and reading report failure by their result; only the three parsing members throw an
+/// `Exception`. Where memory ends, every member throws `std::bad_alloc` and leaves the parser as it
+/// was, but for the settings that a parsing member had already applied. Lookups by key take
+/// constant time on the average. One thread at a time may use a parser; parsers share no state.
+class OptionParser {
+ public:
+  class error;
+
+  /// A parser without options. `pass_unknown_options` says what becomes of command-line options
+  /// with an unknown name: true hands them back with the plain arguments, false makes them errors.
+  OptionParser(OptionBoolStyle style, bool pass_unknown_options);
+  OptionParser(const OptionParser&) = delete;
+  OptionParser& operator=(const OptionParser&) = delete;
+  ~OptionParser();
+
+  /// Removes all options and help groups; the constructor's two settings stay.
+  void reset();
+
+  // Registration
+
+  /// Makes the help group of this name current, and creates it if it is new: options registered
+  /// from now on belong to it. Groups are listed in the order of their creation, after the options
+  /// registered before there was a group. Any text is a name.
+  void set_cur_help_group(const std::string& group);
+
+  /// Registers an option under `key`, in the current help group. Returns false, and changes
+  /// nothing, if `key` is registered already.
+  bool add_option(const std::string& key, OptionType type, const std::string& help);
+
+  /// The same with a display name of its own. Of several options with the same name the command
+  /// line reaches the one that comes first in the table's iteration order.
+  bool add_option(const std::string& key, const std::string& name, OptionType type,
+                  const std::string& help);
+
+  /// Adds an allowed value to an OPT_ENUM option. `code` is what `get_int_option` yields for it;
+  /// several values may share one. Returns false, and changes nothing, if `key` is not registered
+  /// or of another type, or has a value of this name already.
+  bool add_enum_value(const std::string& key, const std::string& value_name, int code,
+                      const std::string& help);
+
+  /// Removes an option; false if `key` is not registered. Indices are not given out again.
+  bool del_option(const std::string& key);
+
+  /// Replaces an option's help text; false if `key` is not registered.
+  bool set_option_help(const std::string& key, const std::string& help);
+
+  // Setting
+
+  /// Applies an argument vector. Element 0, the program's name, is skipped. An argument that starts
+  /// with '-' (under BOOL_STYLE_PLUS_MINUS also with '+') is an option: the sign, the name and,
+  /// after the first '=', the value. All others are appended to `remaining` in their order.
+  /// There is no end-of-options mark, and a value is never taken from the next argument.
+  ///
+  /// Throws `error` "unknown option" if no option has that name (unless the parser passes such
+  /// arguments on to `remaining`), and "bad option format" if the form does not suit the option's
+  /// type or the type refuses the value. What was applied and appended before that stays.
+  void parse_args(int argc, const char* const* argv, std::vector<std::string>& remaining,
+                  int level);
+
+  /// Applies a file of lines `key = value`. White space at both ends of a line, key and value is
+  /// dropped; blank lines and lines that start with '#' are skipped; a line that ends with a
+  /// backslash goes on with the next, joined by one space. Values are taken as they stand.
+  ///
+  /// Throws `Exception` "unable to open config file: FILE", "invalid line N in config file: FILE"
+  /// for a statement without '=', and the same followed by " (REASON)" for one that `parse_option`
+  /// refuses. N is the number of the statement's last line. What was applied before that stays. A
+  /// read error ends the file.
+  void parse_config_file(const std::string& file_name, int level);
+
+  /// Sets one option. Throws `error` "unknown option" if `key` is not registered and "bad value for
+  /// option" if its type refuses `value`; the option is then unchanged.
+  void parse_option(const std::string& key, const std::string& value, int level);
+
+  // Reading
+
+  /// Whether `key` is registered. If so, its type is written through `type`, which may be null.
+  bool has_option(const std::string& key, OptionType* type) const;
+
+  /// The record of `key`, or null. Valid until the option is removed or the parser is destroyed.
+  Option* get_option(const std::string& key);
+
+  /// The help text of `key`, or an empty string. Valid as long as the option, and until its help
+  /// text is changed.
+  const std::string& get_option_help(const std::string& key) const;
+
+  /// Adds to `out` the keys of all options that are set. If it throws, `out` holds what it held.
+  void get_options_set(hsh::HashSet<std::string>& out) const;
+
+  /// Each of these writes the value of `key` through `out`. They return false, and write nothing,
+  /// if `key` is not registered, not set, or of a type that the member does not serve.
+  bool get_bool_option(const std::string& key, bool* out) const;
+  bool get_int_option(const std::string& key, int* out) const;  ///< OPT_UINT, OPT_INT, OPT_ENUM
+  bool get_float_option(const std::string& key, float* out) const;
+  bool get_str_option(const std::string& key, std::string* out) const;  ///< up to a NUL byte
+
+  /// Whether `key` is registered and set, whatever its type.
+  bool get_flag_option(const std::string& key) const;
+
+  // Help
+
+  /// Writes `heading` and a line feed, unless it is empty, and then all options to `out`, and
+  /// flushes it. Changes no option. Costs O(n log n) comparisons for n options.
+  void print_help(std::ostream& out, const std::string& heading, OptionPrintOrder order,
+                  OptionPrintStyle style);
+
+ private:
+  const Option* find_option(const std::string& key) const;
+  Option* find_option_by_name(const std::string& name);
+  void split_option(const std::string& argument, std::string* name, std::string* value,
+                    std::string* prefix) const;
+
+  hsh::HashMap<std::string, Option> options;  // by key
+  OptionBoolStyle bool_style;
+  bool pass_unknown;
+  int option_counter = 0;                           // the last index given out
+  hsh::HashMap<std::string, int> help_group_ids;    // number by name
+  hsh::HashMap<int, std::string> help_group_names;  // name by number
+  int help_group_counter = 0;                       // the last number given out
+  int cur_help_group = 0;                           // 0: none
+};
+
+/// A setting that was refused. `what()` reads "MESSAGE: NAME, value: VALUE", followed, if it came
+/// from the command line, by ", command-line: ARGUMENT".
+class OptionParser::error : public Exception {
+ public:
+  error(const std::string& message, const std::string& option_name, const std::string& value_text,
+        const std::string& argument);
+  error(const error&) = default;
+  error& operator=(const error&) = delete;
+  ~error() override;
+
+  std::string name;          ///< the option's name or key, as it was given
+  std::string value;         ///< the value text
+  std::string command_line;  ///< the whole argument, or empty
+};
+
+}  // namespace norq
+
+#endif  // NORQ_OPTIONS_OPTION_PARSER_H

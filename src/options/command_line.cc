@@ -1,0 +1,98 @@
+#include <string>
+#include <vector>
+
+#include "norq/options/option_parser.h"
+#include "options/handle_option.h"
+
+namespace norq {
+
+namespace {
+
+bool is_option_argument(const char* argument, OptionBoolStyle style) {
+  return argument[0] == '-' || (argument[0] == '+' && style == BOOL_STYLE_PLUS_MINUS);
+}
+
+bool is_negated(const std::string& argument, const std::string& prefix, OptionBoolStyle style) {
+  switch (style) {
+    case BOOL_STYLE_NO_PREFIX:
+      return !prefix.empty();
+    case BOOL_STYLE_PLUS_MINUS:
+      return argument.front() == '-';
+    case BOOL_STYLE_VALUE:
+      break;
+  }
+  return false;
+}
+
+// The same in every locale, unlike tolower.
+void lower_case(std::string* text) {
+  for (char& byte : *text) {
+    if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
+  }
+}
+
+// Turns the value of a boolean's argument into what its conversion takes; false if the argument has
+// a value where the style wants none, or none where it wants one.
+bool complete_bool_value(OptionBoolStyle style, bool negated, std::string* value) {
+  if (style == BOOL_STYLE_VALUE) {
+    lower_case(value);
+    return !value->empty();
+  }
+  if (!value->empty()) return false;
+  *value = negated ? "false" : "true";
+  return true;
+}
+
+}  // namespace
+
+void OptionParser::parse_args(int argc, const char* const* argv,
+                              std::vector<std::string>& remaining, int level) {
+  std::string argument;
+  std::string name;
+  std::string value;
+  std::string prefix;
+  for (int i = 1; i < argc; ++i) {
+    if (!is_option_argument(argv[i], bool_style)) {
+      remaining.emplace_back(argv[i]);
+      continue;
+    }
+    argument = argv[i];
+    split_option(argument, &name, &value, &prefix);
+    Option* const option = find_option_by_name(name);
+    if (option == nullptr) {
+      if (!pass_unknown) throw error("unknown option", name, value, argument);
+      remaining.push_back(argument);
+      continue;
+    }
+    const bool negated = is_negated(argument, prefix, bool_style);
+    const bool well_formed =
+        option->type == OPT_BOOL ? complete_bool_value(bool_style, negated, &value) : !negated;
+    if (!well_formed || !handle_option(*option, value, level)) {
+      throw error("bad option format", name, value, argument);
+    }
+  }
+}
+
+void OptionParser::split_option(const std::string& argument, std::string* name, std::string* value,
+                                std::string* prefix) const {
+  const bool negated = bool_style == BOOL_STYLE_NO_PREFIX && argument.compare(1, 3, "no_") == 0;
+  prefix->assign(negated ? "no_" : "");
+  const std::size_t start = 1 + prefix->size();
+  const std::size_t equals = argument.find('=', start);
+  if (equals == std::string::npos) {
+    name->assign(argument, start, std::string::npos);
+    value->clear();
+  } else {
+    name->assign(argument, start, equals - start);
+    value->assign(argument, equals + 1, std::string::npos);
+  }
+}
+
+Option* OptionParser::find_option_by_name(const std::string& name) {
+  for (auto& [key, option] : options) {
+    if (option.name == name) return &option;
+  }
+  return nullptr;
+}
+
+}  // namespace norq

@@ -1,0 +1,212 @@
+#include "norq/options/option.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "options/handle_option.h"
+
+namespace norq {
+
+namespace {
+
+static_assert(std::numeric_limits<double>::is_iec559 && std::numeric_limits<float>::is_iec559,
+              "narrowing a double beyond the range of float gives infinity");
+
+// A NUL-terminated copy in a buffer from malloc, which the caller owns.
+char* duplicate(const char* bytes, std::size_t length) {
+  auto* const buffer = static_cast<char*>(std::malloc(length + 1));
+  if (buffer == nullptr) throw std::bad_alloc();
+  std::memcpy(buffer, bytes, length);
+  buffer[length] = '\0';
+  return buffer;
+}
+
+Option::Value copy_value(const Option& option) {
+  switch (option.type) {
+    case OPT_STR: {
+      const char* const text = option.value.str_value;
+      return {text == nullptr ? nullptr : duplicate(text, std::strlen(text))};
+    }
+    case OPT_BOOL:
+    case OPT_UINT:
+    case OPT_INT:
+    case OPT_FLOAT:
+    case OPT_ENUM:
+      return option.value;
+    case OPT_FLAG:
+      break;
+  }
+  return {nullptr};
+}
+
+}  // namespace
+
+Option::Option(const std::string& option_name, OptionType option_type, const std::string& help_text,
+               int help_group, int ordinal)
+    : name(option_name), type(option_type), help(help_text), group(help_group), index(ordinal) {}
+
+Option::Option(const Option& other) {
+  copy_from(other);
+}
+
+Option::Option(Option&& other) noexcept {
+  swap(other);
+}
+
+Option& Option::operator=(const Option& other) {
+  if (this != &other) {
+    Option copy(other);
+    swap(copy);
+  }
+  return *this;
+}
+
+Option& Option::operator=(Option&& other) noexcept {
+  Option taken(std::move(other));
+  swap(taken);
+  return *this;
+}
+
+Option::~Option() {
+  if (type == OPT_STR) std::free(value.str_value);
+}
+
+void Option::copy_from(const Option& other) {
+  std::string name_copy = other.name;
+  std::string help_copy = other.help;
+  std::unique_ptr<EnumValues> enum_copy;
+  if (other.type == OPT_ENUM && other.enum_values != nullptr) {
+    enum_copy = std::make_unique<EnumValues>(*other.enum_values);
+  }
+  value = copy_value(other);
+
+  // From here on nothing throws.
+  name.swap(name_copy);
+  type = other.type;
+  help.swap(help_copy);
+  group = other.group;
+  is_set = other.is_set;
+  index = other.index;
+  level = other.level;
+  enum_values = std::move(enum_copy);
+}
+
+void Option::swap(Option& other) noexcept {
+  name.swap(other.name);
+  std::swap(type, other.type);
+  help.swap(other.help);
+  std::swap(group, other.group);
+  std::swap(is_set, other.is_set);
+  std::swap(index, other.index);
+  std::swap(level, other.level);
+  enum_values.swap(other.enum_values);
+  std::swap(value, other.value);
+}
+
+namespace {
+
+bool is_digit(char byte) {
+  return byte >= '0' && byte <= '9';
+}
+
+// Each of these converts a text into the member of `out` that is its kind's, or returns false if
+// the kind refuses the text.
+
+bool parse_bool(std::string_view text, Option::Value* out) {
+  out->bool_value = text == "true";
+  return out->bool_value || text == "false";
+}
+
+bool parse_int(std::string_view text, bool may_be_negative, Option::Value* out) {
+  const bool negative = may_be_negative && !text.empty() && text.front() == '-';
+  if (negative) text.remove_prefix(1);
+  if (text.empty()) return false;
+
+  // One more than the greatest int is as far as the magnitude needs to go.
+  constexpr std::int64_t limit = std::int64_t{std::numeric_limits<int>::max()} + 1;
+  std::int64_t magnitude = 0;
+  for (const char byte : text) {
+    if (!is_digit(byte)) return false;
+    magnitude = std::min(magnitude * 10 + (byte - '0'), limit);
+  }
+  out->int_value = static_cast<int>(negative ? -magnitude : std::min(magnitude, limit - 1));
+  return true;
+}
+
+bool parse_float(std::string_view text, Option::Value* out) {
+  // What strtod takes for the decimal point depends on the locale, so it is shown none: 3.25 is
+  // written as 325e-2.
+  std::string digits;
+  std::size_t fraction_length = 0;
+  bool after_point = false;
+  for (const char byte : text) {
+    if (byte == '.' && !after_point) {
+      after_point = true;
+    } else if (is_digit(byte)) {
+      digits += byte;
+      if (after_point) ++fraction_length;
+    } else {
+      return false;
+    }
+  }
+  if (digits.empty()) return false;
+  if (fraction_length != 0) digits += "e-" + std::to_string(fraction_length);
+  out->float_value = static_cast<float>(std::strtod(digits.c_str(), nullptr));
+  return true;
+}
+
+bool parse_enum(const std::string& text, const Option::EnumValues* values, Option::Value* out) {
+  if (values == nullptr) return false;
+  const auto found = values->find(text);
+  if (found == values->end()) return false;
+  out->int_value = found->second.first;
+  return true;
+}
+
+// Converts a text of any kind but OPT_STR; false if the kind refuses it.
+bool parse_value(const Option& opt, const std::string& text, Option::Value* out) {
+  switch (opt.type) {
+    case OPT_BOOL:
+      return parse_bool(text, out);
+    case OPT_UINT:
+    case OPT_INT:
+      return parse_int(text, opt.type == OPT_INT, out);
+    case OPT_FLOAT:
+      return parse_float(text, out);
+    case OPT_FLAG:
+      return text.empty();
+    case OPT_ENUM:
+      return parse_enum(text, opt.enum_values.get(), out);
+    case OPT_STR:
+      break;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool handle_option(Option& opt, const std::string& text, int level) {
+  const bool hold = opt.is_set && opt.level < level;
+  if (opt.type == OPT_STR) {
+    if (hold) return true;
+    char* const buffer = duplicate(text.data(), text.size());
+    std::free(opt.value.str_value);
+    opt.value.str_value = buffer;
+  } else {
+    Option::Value value = {nullptr};
+    if (!parse_value(opt, text, &value)) return false;
+    if (hold) return true;
+    opt.value = value;
+  }
+  opt.is_set = true;
+  opt.level = level;
+  return true;
+}
+
+}  // namespace norq
