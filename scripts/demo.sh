@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Builds norq and its example wordfreq, and shows what they do.
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/requirements.sh
+
+need_build_tools
+install_needs
+
+echo "== Building a release in build/demo"
+cmake -S . -B build/demo -DCMAKE_BUILD_TYPE=Release -DNORQ_BUILD_TESTS=OFF
+cmake --build build/demo --parallel "$(nproc)"
+
+PATH=$PWD/build/demo/examples:$PATH
+cd examples/data
+
+show() {
+  printf '\n== %s\n$ %s\n' "$1" "$2"
+  eval "$2" 2>&1
+}
+
+show "The configuration file of the example" "cat wordfreq.conf"
+show "Its settings at work: the most frequent words of a text" \
+  "wordfreq -config=wordfreq.conf harbour.txt"
+show "The command line overrides the file: three words only, and The is not the" \
+  "wordfreq -config=wordfreq.conf -top=3 -no_fold_case harbour.txt"
+show "The help listing, by group" "wordfreq -help"
+show "A refusal names the option, the value and the argument" \
+  'wordfreq -top=many harbour.txt || echo "(exit status $?)"'
+show "In a configuration file it names the line" \
+  'echo "fold_case = maybe" | wordfreq -config=/dev/stdin || echo "(exit status $?)"'

@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Builds norq with the address and undefined-behaviour sanitizers and runs every test.
+# Arguments go to ctest: `./scripts/test.sh -R ConfigFile`.
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/requirements.sh
+
+has_googletest() { echo '#include <gtest/gtest.h>' | "${CXX:-c++}" -E -x c++ -; }
+need_build_tools
+need libgtest-dev has_googletest
+install_needs
+
+echo "== Building the tests in build/test"
+cmake -S . -B build/test -DCMAKE_BUILD_TYPE=Debug \
+  -DCMAKE_CXX_FLAGS="-fsanitize=address,undefined -fno-sanitize-recover=all"
+cmake --build build/test --parallel "$(nproc)"
+
+echo "== Running the tests"
+exec ctest --test-dir build/test --output-on-failure --parallel "$(nproc)" "$@"
