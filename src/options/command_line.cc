@@ -80,11 +80,11 @@ void OptionParser::split_option(const std::string& argument, std::string* name, 
   const std::size_t start = 1 + prefix->size();
   const std::size_t equals = argument.find('=', start);
   if (equals == std::string::npos) {
-    name->assign(argument, start, std::string::npos);
+    name->assign(argument, start);
     value->clear();
   } else {
     name->assign(argument, start, equals - start);
-    value->assign(argument, equals + 1, std::string::npos);
+    value->assign(argument, equals + 1);
   }
 }
 

@@ -26,7 +26,7 @@ class StatementReader {
   // of the file; one that is still to be continued there ends there.
   bool read(std::string* statement) {
     statement->clear();
-    std::string_view separator = "";
+    std::string_view separator;
     while (read_line()) {
       std::string_view piece = str::strip_view(line, str::IsSpace());
       if (piece.empty() || piece.front() == '#') continue;

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace norq {
-namespace hsh {
+namespace norq::hsh {
 
 namespace {
 
@@ -32,5 +31,4 @@ std::uint64_t hash<std::string>::operator()(const std::string& key) const noexce
   return h;
 }
 
-}  // namespace hsh
-}  // namespace norq
+}  // namespace norq::hsh

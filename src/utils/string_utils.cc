@@ -1,7 +1,6 @@
 #include "norq/utils/string_utils.h"
 
-namespace norq {
-namespace str {
+namespace norq::str {
 
 TokenizerBase::~TokenizerBase() = default;
 
@@ -10,5 +9,4 @@ Tokenizer get_tokenizer(const std::string& text, const char* delimiters, std::si
       text, Tokenizer::IsDelim(delimiters), max_splits));
 }
 
-}  // namespace str
-}  // namespace norq
+}  // namespace norq::str

@@ -183,8 +183,8 @@ class Hashtable {
  public:
   /// A node of a chain.
   struct Bucket {
-    template <class V>
-    explicit Bucket(V&& element) : value(std::forward<V>(element)) {}
+    explicit Bucket(const Value& element) : value(element) {}
+    explicit Bucket(Value&& element) : value(std::move(element)) {}
 
     Bucket* next = nullptr;
     Value value;

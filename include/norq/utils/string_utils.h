@@ -8,8 +8,7 @@
 #include <string_view>
 #include <utility>
 
-namespace norq {
-namespace str {
+namespace norq::str {
 
 /// norq's one notion of white space: true exactly for space, tab, line feed, vertical tab, form
 /// feed and carriage return, whatever the locale. Bytes from 0x80 up are never white space.
@@ -225,7 +224,6 @@ Tokenizer get_tokenizer(const std::string& text, const char* delimiters, std::si
 Tokenizer get_tokenizer(std::string&& text, const char* delimiters,
                         std::size_t max_splits) = delete;
 
-}  // namespace str
-}  // namespace norq
+}  // namespace norq::str
 
 #endif  // NORQ_UTILS_STRING_UTILS_H
