@@ -133,7 +133,7 @@ TEST(Option, FloatsAreWhatTheCLocaleReads) {
     for (std::size_t length = 1 + random() % 40; length-- > 0;) {
       text += static_cast<char>('0' + random() % 10);
     }
-    text.insert(random() % text.size(), ".");
+    text.insert(random() % text.size(), 1, '.');
     Option option("o", OPT_FLOAT, "", 0, 1);
     ASSERT_TRUE(handle_option(option, text, 0)) << text;
     ASSERT_EQ(option.value.float_value, static_cast<float>(std::strtod(text.c_str(), nullptr)))

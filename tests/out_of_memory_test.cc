@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <cstdio>
 #include <functional>
 #include <new>
 #include <ostream>
@@ -9,38 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "allocation_gate.h"
 #include "norq/options/option_parser.h"
 #include "sample_parser.h"
-
-// Every allocation of this program passes one of these two gates. (`malloc` does by the linker's
-// wrap option.)
-
-namespace {
-
-long allocations_left = -1;  // before one fails; below 0: none fails
-
-bool allocation_fails() {
-  return allocations_left >= 0 && allocations_left-- == 0;
-}
-
-}  // namespace
-
-extern "C" void* __real_malloc(std::size_t size);
-extern "C" void* __wrap_malloc(std::size_t size) {
-  return allocation_fails() ? nullptr : __real_malloc(size);
-}
-
-void* operator new(std::size_t size) {
-  void* const memory = allocation_fails() ? nullptr : __real_malloc(size == 0 ? 1 : size);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
 
 namespace norq {
 namespace {
