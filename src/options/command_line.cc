@@ -1,4 +1,8 @@
+#include <algorithm>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "norq/options/option_parser.h"
@@ -24,6 +28,39 @@ bool is_negated(const std::string& argument, const std::string& prefix, OptionBo
   return false;
 }
 
+using OptionTable = hsh::HashMap<std::string, Option>;
+
+// Finds options by their names, in constant time on the average, as long as no name changes. Of
+// several options with one name it finds the first in the table's iteration order.
+class NameIndex {
+ public:
+  // If every name is its option's key, the table itself is the index: that takes no time if it is
+  // known, a look at each option if not. Otherwise an index is made.
+  NameIndex(OptionTable& option_table, bool known_to_be_keys) : options(option_table) {
+    names_are_keys =
+        known_to_be_keys || std::all_of(options.begin(), options.end(), [](const auto& entry) {
+          return entry.first == entry.second.name;
+        });
+    if (names_are_keys) return;
+    first_by_name.reserve(options.size());
+    for (auto& [key, option] : options) first_by_name.emplace(option.name, &option);
+  }
+
+  Option* find(const std::string& name) {
+    if (names_are_keys) {
+      const auto found = options.find(name);
+      return found == options.end() ? nullptr : &found->second;
+    }
+    const auto found = first_by_name.find(name);
+    return found == first_by_name.end() ? nullptr : found->second;
+  }
+
+ private:
+  OptionTable& options;
+  bool names_are_keys;
+  std::unordered_map<std::string_view, Option*> first_by_name;
+};
+
 // The same in every locale, unlike tolower.
 void lower_case(std::string* text) {
   for (char& byte : *text) {
@@ -47,6 +84,7 @@ bool complete_bool_value(OptionBoolStyle style, bool negated, std::string* value
 
 void OptionParser::parse_args(int argc, const char* const* argv,
                               std::vector<std::string>& remaining, int level) {
+  std::optional<NameIndex> index;  // made for the first option argument
   std::string argument;
   std::string name;
   std::string value;
@@ -58,7 +96,8 @@ void OptionParser::parse_args(int argc, const char* const* argv,
     }
     argument = argv[i];
     split_option(argument, &name, &value, &prefix);
-    Option* const option = find_option_by_name(name);
+    if (!index.has_value()) index.emplace(options, names_are_keys);
+    Option* const option = index->find(name);
     if (option == nullptr) {
       if (!pass_unknown) throw error("unknown option", name, value, argument);
       remaining.push_back(argument);
@@ -86,13 +125,6 @@ void OptionParser::split_option(const std::string& argument, std::string* name, 
     name->assign(argument, start, equals - start);
     value->assign(argument, equals + 1);
   }
-}
-
-Option* OptionParser::find_option_by_name(const std::string& name) {
-  for (auto& [key, option] : options) {
-    if (option.name == name) return &option;
-  }
-  return nullptr;
 }
 
 }  // namespace norq

@@ -19,7 +19,7 @@ class StatementReader {
     file.imbue(std::locale::classic());  // another locale may convert the bytes
     file.open(file_name, std::ios_base::in | std::ios_base::binary);
     if (!file) throw Exception("unable to open config file: ", true) << file_name;
-    file.exceptions(std::ios_base::badbit);  // lest the stream swallow a std::bad_alloc
+    file.exceptions(std::ios_base::badbit);  // lest the stream keep a std::bad_alloc to itself
   }
 
   // Reads the next statement: the pieces of one or more lines, joined by spaces. False at the end

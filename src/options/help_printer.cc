@@ -15,7 +15,7 @@ namespace {
 struct OptionComparator {
   OptionPrintOrder order;
 
-  bool operator()(const Option* a, const Option* b) const {
+  bool operator()(const Option* a, const Option* b) const noexcept {
     switch (order) {
       case PRINT_ORDER_INDEX:
         return a->index < b->index;
@@ -69,11 +69,6 @@ Frame frame_of(OptionType type, OptionBoolStyle style) {
   return {" -", ""};
 }
 
-std::size_t entry_length(const Option& option, OptionBoolStyle style) {
-  const Frame frame = frame_of(option.type, style);
-  return frame.prefix.size() + option.name.size() + frame.tag.size();
-}
-
 // Where help texts stand: from column `indent` on, in lines of at most `width` bytes.
 struct Columns {
   std::size_t indent;
@@ -88,7 +83,9 @@ Columns columns_of(OptionPrintStyle style, const std::vector<const Option*>& lis
   if (style == PRINT_STYLE_INDENTED) return {10, page_width - 10};
   std::size_t widest_entry = 0;
   for (const Option* option : listed) {
-    widest_entry = std::max(widest_entry, entry_length(*option, bool_style));
+    const Frame frame = frame_of(option->type, bool_style);
+    widest_entry =
+        std::max(widest_entry, frame.prefix.size() + option->name.size() + frame.tag.size());
   }
   const std::size_t indent = widest_entry + 1;
   // Where the entries leave no room, text keeps the lines that it has.
@@ -99,21 +96,33 @@ void append_line_break(const Columns& columns, std::string* out) {
   out->append(1, '\n').append(columns.indent, ' ');
 }
 
+// The end of the line that starts at `start`: that of the last word which fits together with the
+// space that follows it, or else that of the first word, however long it is.
+std::size_t end_of_line(std::string_view paragraph, std::size_t start, std::size_t width) {
+  const str::IsSpace is_space;
+  const std::size_t last = start + width - 1;
+  if (last >= paragraph.size()) return paragraph.size();
+  for (std::size_t end = last + 1; end-- > start;) {
+    if (is_space(paragraph[end])) return end;
+  }
+  std::size_t end = last + 1;
+  while (end < paragraph.size() && !is_space(paragraph[end])) ++end;
+  return end;
+}
+
 // Fills lines with the words of a paragraph that is too long for one. Every white-space byte ends a
 // word, so that words may be empty, and every word is followed by one space.
 void append_filled(std::string_view paragraph, const Columns& columns, std::string* out) {
-  const str::IsSpace is_space;
-  std::size_t line_length = 0;
-  for (std::size_t start = 0; start <= paragraph.size();) {
-    std::size_t end = start;
-    while (end < paragraph.size() && !is_space(paragraph[end])) ++end;
-    const std::size_t word_length = end - start;
-    if (line_length + word_length + 1 > columns.width) {
-      append_line_break(columns, out);
-      line_length = 0;
-    }
-    out->append(paragraph, start, word_length).append(1, ' ');
-    line_length += word_length + 1;
+  std::size_t start = 0;
+  for (;;) {
+    const std::size_t end = end_of_line(paragraph, start, columns.width);
+    // A first word that is too long leaves the line before it empty.
+    if (start == 0 && end >= columns.width) append_line_break(columns, out);
+    const auto line_length = static_cast<std::ptrdiff_t>(end - start + 1);
+    out->append(paragraph, start, end - start).append(1, ' ');
+    std::replace_if(out->end() - line_length, out->end(), str::IsSpace(), ' ');
+    if (end == paragraph.size()) return;
+    append_line_break(columns, out);
     start = end + 1;
   }
 }
@@ -134,13 +143,39 @@ void append_text(std::string_view text, const Columns& columns, std::string* out
 }
 
 // An option's help text as it is listed: with the allowed values of an enumeration.
-void compose_help(const Option& option, std::string* help) {
-  *help = option.help;
-  if (option.type != OPT_ENUM || option.enum_values == nullptr) return;
-  help->append("\nPossible values:");
+std::string help_of(const Option& option) {
+  std::string help = option.help;
+  if (option.type != OPT_ENUM || option.enum_values == nullptr) return help;
+  help += "\nPossible values:";
   for (const auto& [value_name, value] : *option.enum_values) {
-    help->append("\n- ").append(value_name).append(" : ").append(value.second);
+    help.append("\n- ").append(value_name).append(" : ").append(value.second);
   }
+  return help;
+}
+
+// Appends an option's entry and help text, with the line feed that ends them.
+void append_option(const Option& option, OptionBoolStyle bool_style, OptionPrintStyle style,
+                   const Columns& columns, std::string* out) {
+  const Frame frame = frame_of(option.type, bool_style);
+  const std::size_t start = out->size();
+  out->append(frame.prefix).append(option.name).append(frame.tag);
+  const std::size_t entry_length = out->size() - start;
+
+  const std::string help = help_of(option);
+  if (help == "deprecated") {
+    out->push_back('\n');
+    return;
+  }
+  if (style == PRINT_STYLE_TAB) {
+    out->append(1, '\t').append(help);
+  } else if (style == PRINT_STYLE_INDENTED) {
+    append_line_break(columns, out);
+    append_text(help, columns, out);
+  } else {
+    out->append(columns.indent - entry_length, ' ');
+    append_text(help, columns, out);
+  }
+  out->push_back('\n');
 }
 
 }  // namespace
@@ -158,7 +193,6 @@ void OptionParser::print_help(std::ostream& out, const std::string& heading, Opt
   constexpr int no_group = -1;
   int last_group = no_group;
   std::string text;
-  std::string help;
   for (const Option* option : listed) {
     text.clear();
     if (order == PRINT_ORDER_GROUP_NAME && option->group != last_group) {
@@ -166,24 +200,7 @@ void OptionParser::print_help(std::ostream& out, const std::string& heading, Opt
       text.append(help_group_names[option->group]).append(1, '\n');
       last_group = option->group;
     }
-
-    const Frame frame = frame_of(option->type, bool_style);
-    text.append(frame.prefix).append(option->name).append(frame.tag);
-
-    compose_help(*option, &help);
-    if (help != "deprecated") {
-      if (style == PRINT_STYLE_TAB) {
-        text.append(1, '\t').append(help);
-      } else {
-        if (style == PRINT_STYLE_INDENTED) {
-          append_line_break(columns, &text);
-        } else {
-          text.append(columns.indent - entry_length(*option, bool_style), ' ');
-        }
-        append_text(help, columns, &text);
-      }
-    }
-    text += '\n';
+    append_option(*option, bool_style, style, columns, &text);
     out << text;
   }
   out.flush();

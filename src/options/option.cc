@@ -115,6 +115,11 @@ bool is_digit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
+// Decimal numbers of so many digits, and the powers of ten up to there, are exact as doubles.
+constexpr std::size_t exact_digits = 15;
+constexpr double powers_of_ten[exact_digits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 // Each of these converts a text into the member of `out` that is its kind's, or returns false if
 // the kind refuses the text.
 
@@ -139,25 +144,32 @@ bool parse_int(std::string_view text, bool may_be_negative, Option::Value* out) 
   return true;
 }
 
-bool parse_float(std::string_view text, Option::Value* out) {
-  // What strtod takes for the decimal point depends on the locale, so it is shown none: 3.25 is
-  // written as 325e-2.
-  std::string digits;
-  std::size_t fraction_length = 0;
-  bool after_point = false;
-  for (const char byte : text) {
-    if (byte == '.' && !after_point) {
-      after_point = true;
-    } else if (is_digit(byte)) {
-      digits += byte;
-      if (after_point) ++fraction_length;
-    } else {
-      return false;
-    }
+// What strtod takes for the decimal point depends on the locale, so it is shown none: 3.25 is
+// written as 325e-2.
+double convert_decimal(std::string_view text, std::size_t point, std::size_t fraction_length) {
+  std::string digits(text.substr(0, point));
+  if (fraction_length != 0) {
+    digits.append(text.substr(point + 1)).append("e-").append(std::to_string(fraction_length));
   }
-  if (digits.empty()) return false;
-  if (fraction_length != 0) digits += "e-" + std::to_string(fraction_length);
-  out->float_value = static_cast<float>(std::strtod(digits.c_str(), nullptr));
+  return std::strtod(digits.c_str(), nullptr);
+}
+
+bool parse_float(std::string_view text, Option::Value* out) {
+  const std::size_t point = std::min(text.find('.'), text.size());
+  const std::size_t digit_count = text.size() - (point < text.size() ? 1 : 0);
+  if (digit_count == 0) return false;
+  std::int64_t digits = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (i == point) continue;
+    if (!is_digit(text[i])) return false;
+    if (digit_count <= exact_digits) digits = digits * 10 + (text[i] - '0');
+  }
+  const std::size_t fraction_length = digit_count - point;
+  // Both operands are exact, so that the quotient is the nearest double.
+  const double value = digit_count <= exact_digits
+                           ? static_cast<double>(digits) / powers_of_ten[fraction_length]
+                           : convert_decimal(text, point, fraction_length);
+  out->float_value = static_cast<float>(value);
   return true;
 }
 

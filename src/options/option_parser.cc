@@ -21,10 +21,11 @@ OptionParser::OptionParser(OptionBoolStyle style, bool pass_unknown_options)
 
 OptionParser::~OptionParser() = default;
 
-void OptionParser::reset() {
+void OptionParser::reset() noexcept {
   options.clear(false);
   help_group_ids.clear(false);
   help_group_names.clear(false);
+  names_are_keys = true;
   option_counter = 0;
   help_group_counter = 0;
   cur_help_group = 0;
@@ -55,16 +56,18 @@ bool OptionParser::add_option(const std::string& key, OptionType type, const std
 
 bool OptionParser::add_option(const std::string& key, const std::string& name, OptionType type,
                               const std::string& help) {
-  // Looked up first: an insertion attempt could make the table grow, even for a key that is there.
-  if (find_option(key) != nullptr) return false;
-  options.insert({key, Option(name, type, help, cur_help_group, option_counter + 1)});
+  // A duplicate must not make the table grow, as an insertion attempt would.
+  if (options.grows_next() && find_option(key) != nullptr) return false;
+  const int index = option_counter + 1;
+  if (!options.try_emplace(key, name, type, help, cur_help_group, index)) return false;
   ++option_counter;
+  names_are_keys = names_are_keys && name == key;
   return true;
 }
 
 bool OptionParser::add_enum_value(const std::string& key, const std::string& value_name, int code,
                                   const std::string& help) {
-  Option* const option = get_option(key);
+  Option* const option = find_option(key);
   if (option == nullptr || option->type != OPT_ENUM) return false;
   if (option->enum_values != nullptr) {
     return option->enum_values->try_emplace(value_name, code, help).second;
@@ -75,35 +78,36 @@ bool OptionParser::add_enum_value(const std::string& key, const std::string& val
   return true;
 }
 
-bool OptionParser::del_option(const std::string& key) {
+bool OptionParser::del_option(const std::string& key) noexcept {
   return options.erase(key);
 }
 
 bool OptionParser::set_option_help(const std::string& key, const std::string& help) {
-  Option* const option = get_option(key);
+  Option* const option = find_option(key);
   if (option == nullptr) return false;
   option->help = help;
   return true;
 }
 
 void OptionParser::parse_option(const std::string& key, const std::string& value, int level) {
-  Option* const option = get_option(key);
+  Option* const option = find_option(key);
   if (option == nullptr) throw error("unknown option", key, value, "");
   if (!handle_option(*option, value, level)) throw error("bad value for option", key, value, "");
 }
 
-bool OptionParser::has_option(const std::string& key, OptionType* type) const {
+bool OptionParser::has_option(const std::string& key, OptionType* type) const noexcept {
   const Option* const option = find_option(key);
   if (option == nullptr) return false;
   if (type != nullptr) *type = option->type;
   return true;
 }
 
-Option* OptionParser::get_option(const std::string& key) {
-  return const_cast<Option*>(find_option(key));
+Option* OptionParser::get_option(const std::string& key) noexcept {
+  names_are_keys = false;  // as far as the parser can know from now on
+  return find_option(key);
 }
 
-const std::string& OptionParser::get_option_help(const std::string& key) const {
+const std::string& OptionParser::get_option_help(const std::string& key) const noexcept {
   static const std::string none;
   const Option* const option = find_option(key);
   return option == nullptr ? none : option->help;
@@ -132,21 +136,21 @@ bool is_readable(const Option* option, Types... types) {
 
 }  // namespace
 
-bool OptionParser::get_bool_option(const std::string& key, bool* out) const {
+bool OptionParser::get_bool_option(const std::string& key, bool* out) const noexcept {
   const Option* const option = find_option(key);
   if (!is_readable(option, OPT_BOOL)) return false;
   *out = option->value.bool_value;
   return true;
 }
 
-bool OptionParser::get_int_option(const std::string& key, int* out) const {
+bool OptionParser::get_int_option(const std::string& key, int* out) const noexcept {
   const Option* const option = find_option(key);
   if (!is_readable(option, OPT_UINT, OPT_INT, OPT_ENUM)) return false;
   *out = option->value.int_value;
   return true;
 }
 
-bool OptionParser::get_float_option(const std::string& key, float* out) const {
+bool OptionParser::get_float_option(const std::string& key, float* out) const noexcept {
   const Option* const option = find_option(key);
   if (!is_readable(option, OPT_FLOAT)) return false;
   *out = option->value.float_value;
@@ -160,12 +164,17 @@ bool OptionParser::get_str_option(const std::string& key, std::string* out) cons
   return true;
 }
 
-bool OptionParser::get_flag_option(const std::string& key) const {
+bool OptionParser::get_flag_option(const std::string& key) const noexcept {
   const Option* const option = find_option(key);
   return option != nullptr && option->is_set;
 }
 
-const Option* OptionParser::find_option(const std::string& key) const {
+const Option* OptionParser::find_option(const std::string& key) const noexcept {
+  const auto found = options.find(key);
+  return found == options.end() ? nullptr : &found->second;
+}
+
+Option* OptionParser::find_option(const std::string& key) noexcept {
   const auto found = options.find(key);
   return found == options.end() ? nullptr : &found->second;
 }

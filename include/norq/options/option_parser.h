@@ -30,8 +30,8 @@ enum OptionPrintOrder : int {
 /// The layout of a help listing.
 enum OptionPrintStyle : int {
   PRINT_STYLE_TAB = 0,       ///< entry, tab, help text as it is: for other programs to read
-  PRINT_STYLE_ALIGNED = 1,   ///< help texts in a column to the right of the entries, 80 wide
-  PRINT_STYLE_INDENTED = 2,  ///< help texts below their entries, 80 wide
+  PRINT_STYLE_ALIGNED = 1,   ///< help texts in a column one space to the right of the widest entry
+  PRINT_STYLE_INDENTED = 2,  ///< help texts below their entries, from column 10 on
 };
 
 /// The options of a program: registered once, set from any number of sources, read back, listed.
@@ -45,9 +45,10 @@ enum OptionPrintStyle : int {
 /// level is never replaced by one that comes with a larger, at equal levels the later wins.
 ///
 /// Registering and reading report failure by their result; only the three parsing members throw an
-/// `Exception`. Where memory ends, every member throws `std::bad_alloc` and leaves the parser as it
-/// was, but for the settings that a parsing member had already applied. Lookups by key take
-/// constant time on the average. One thread at a time may use a parser; parsers share no state.
+/// `Exception`. A member that allocates throws `std::bad_alloc` where memory ends, and leaves the
+/// parser as it was, but for the settings that a parsing member had already applied. Lookups by key
+/// take constant time on the average. One thread at a time may use a parser; parsers share no
+/// state.
 class OptionParser {
  public:
   class error;
@@ -60,7 +61,7 @@ class OptionParser {
   ~OptionParser();
 
   /// Removes all options and help groups; the constructor's two settings stay.
-  void reset();
+  void reset() noexcept;
 
   // Registration
 
@@ -85,7 +86,7 @@ class OptionParser {
                       const std::string& help);
 
   /// Removes an option; false if `key` is not registered. Indices are not given out again.
-  bool del_option(const std::string& key);
+  bool del_option(const std::string& key) noexcept;
 
   /// Replaces an option's help text; false if `key` is not registered.
   bool set_option_help(const std::string& key, const std::string& help);
@@ -96,6 +97,11 @@ class OptionParser {
   /// with '-' (under BOOL_STYLE_PLUS_MINUS also with '+') is an option: the sign, the name and,
   /// after the first '=', the value. All others are appended to `remaining` in their order.
   /// There is no end-of-options mark, and a value is never taken from the next argument.
+  ///
+  /// Under BOOL_STYLE_NO_PREFIX "no_" after the sign switches a boolean off, so that an option
+  /// whose own name starts with "no_" is out of reach. Under BOOL_STYLE_VALUE a boolean's value may
+  /// be in any letter case. Costs time in proportion to the lengths of the arguments, and once that
+  /// to look at every option if names may differ from keys (after `get_option`, say).
   ///
   /// Throws `error` "unknown option" if no option has that name (unless the parser passes such
   /// arguments on to `remaining`), and "bad option format" if the form does not suit the option's
@@ -109,8 +115,9 @@ class OptionParser {
   ///
   /// Throws `Exception` "unable to open config file: FILE", "invalid line N in config file: FILE"
   /// for a statement without '=', and the same followed by " (REASON)" for one that `parse_option`
-  /// refuses. N is the number of the statement's last line. What was applied before that stays. A
-  /// read error ends the file.
+  /// does not accept, or has no memory for. N is the number of the statement's last line, or of the
+  /// file's if it ends while the statement goes on. What was applied before that stays. A read error
+  /// ends the file.
   void parse_config_file(const std::string& file_name, int level);
 
   /// Sets one option. Throws `error` "unknown option" if `key` is not registered and "bad value for
@@ -120,44 +127,54 @@ class OptionParser {
   // Reading
 
   /// Whether `key` is registered. If so, its type is written through `type`, which may be null.
-  bool has_option(const std::string& key, OptionType* type) const;
+  bool has_option(const std::string& key, OptionType* type) const noexcept;
 
   /// The record of `key`, or null. Valid until the option is removed or the parser is destroyed.
-  Option* get_option(const std::string& key);
+  Option* get_option(const std::string& key) noexcept;
 
   /// The help text of `key`, or an empty string. Valid as long as the option, and until its help
   /// text is changed.
-  const std::string& get_option_help(const std::string& key) const;
+  const std::string& get_option_help(const std::string& key) const noexcept;
 
   /// Adds to `out` the keys of all options that are set. If it throws, `out` holds what it held.
   void get_options_set(hsh::HashSet<std::string>& out) const;
 
   /// Each of these writes the value of `key` through `out`. They return false, and write nothing,
   /// if `key` is not registered, not set, or of a type that the member does not serve.
-  bool get_bool_option(const std::string& key, bool* out) const;
-  bool get_int_option(const std::string& key, int* out) const;  ///< OPT_UINT, OPT_INT, OPT_ENUM
-  bool get_float_option(const std::string& key, float* out) const;
+  bool get_bool_option(const std::string& key, bool* out) const noexcept;
+  /// Serves OPT_UINT, OPT_INT and OPT_ENUM.
+  bool get_int_option(const std::string& key, int* out) const noexcept;
+  bool get_float_option(const std::string& key, float* out) const noexcept;
   bool get_str_option(const std::string& key, std::string* out) const;  ///< up to a NUL byte
 
   /// Whether `key` is registered and set, whatever its type.
-  bool get_flag_option(const std::string& key) const;
+  bool get_flag_option(const std::string& key) const noexcept;
 
   // Help
 
   /// Writes `heading` and a line feed, unless it is empty, and then all options to `out`, and
-  /// flushes it. Changes no option. Costs O(n log n) comparisons for n options.
+  /// flushes it. Costs O(n log n) comparisons for n options.
+  ///
+  /// An option's entry is its name with a mark of its kind; its help text follows, that of an
+  /// OPT_ENUM with the list of its values. Unless the style is PRINT_STYLE_TAB, lines are cut at
+  /// line feeds and filled to 80 columns: every word is followed by a space, no word is broken, and
+  /// next to an entry of 79 bytes or more nothing is filled. A help text "deprecated" is left out.
+  /// By group, each group's name stands above it, an empty line above the name; options without a
+  /// group come first, under an empty name. Changes no option, but a group number without a name
+  /// gets an empty one.
   void print_help(std::ostream& out, const std::string& heading, OptionPrintOrder order,
                   OptionPrintStyle style);
 
  private:
-  const Option* find_option(const std::string& key) const;
-  Option* find_option_by_name(const std::string& name);
+  const Option* find_option(const std::string& key) const noexcept;
+  Option* find_option(const std::string& key) noexcept;
   void split_option(const std::string& argument, std::string* name, std::string* value,
                     std::string* prefix) const;
 
   hsh::HashMap<std::string, Option> options;  // by key
   OptionBoolStyle bool_style;
   bool pass_unknown;
+  bool names_are_keys = true;                       // false: some name may differ from its key
   int option_counter = 0;                           // the last index given out
   hsh::HashMap<std::string, int> help_group_ids;    // number by name
   hsh::HashMap<int, std::string> help_group_names;  // name by number

@@ -2,19 +2,23 @@
 #define NORQ_UTILS_EXCEPTION_H
 
 #include <exception>
+#include <new>
 #include <sstream>
 #include <string>
 
 namespace norq {
 
-/// The base of everything that norq throws on bad input. (Running out of memory is the one other
-/// failure; it stays `std::bad_alloc`.)
+/// The base of everything that norq throws on bad input. (Running out of memory, the one other
+/// failure, is `std::bad_alloc`.)
 ///
 /// The message is a stream: build the exception with its first words, append with `<<`, throw the
 /// result. Numbers look the same whatever locale the host has made the global one.
 ///
 ///     throw Exception("unable to open file: ", true) << file_name;
-class Exception : public std::exception {
+///
+/// Its symbols are visible even in a host that hides its own: a hook that the host defines must be
+/// seen by a shared norq.
+class [[gnu::visibility("default")]] Exception : public std::exception {
  public:
   /// Starts the message with `text`. If `raise` is true, calls `dump_msg_and_raise_assertion` as
   /// the last step, when the message is just `text`.
@@ -25,10 +29,13 @@ class Exception : public std::exception {
   Exception& operator=(const Exception&) = delete;
   ~Exception() override;
 
-  /// Appends `x` as an output stream prints it. Throws what that insertion throws.
+  /// Appends `x` as an output stream prints it. Throws `std::bad_alloc` if there is no memory for
+  /// it, and what an `operator<<` of T throws.
   template <class T>
   Exception& operator<<(const T& x) {
     msg << x;
+    // The stream keeps to itself what its buffer threw.
+    if (msg.bad()) throw std::bad_alloc();
     return *this;
   }
 

@@ -9,13 +9,15 @@
 #include <limits>
 #include <new>
 #include <string>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace norq {
 
-/// Hands out uninitialised blocks of `BlockSize` bytes, aligned for a pointer, and takes them back.
+/// Hands out uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's size and aligned
+/// for a pointer, and takes them back.
 ///
 /// A block taken back goes out again before any other (last in, first out); untouched blocks go out
 /// in ascending address order. Blocks are carved from chunks, one call of `malloc` each, whose
@@ -46,9 +48,14 @@ class MemoryPool {
   /// A block, until it is given back or the pool is destroyed. Throws `std::bad_alloc`, and changes
   /// nothing, if a new chunk is needed and there is no memory for it.
   void* allocate() {
-    if (free_blocks == nullptr) allocate_chunk();
-    FreeBlock* const block = free_blocks;
-    free_blocks = block->next;
+    if (free_blocks != nullptr) {
+      FreeBlock* const block = free_blocks;
+      free_blocks = block->next;
+      return block;
+    }
+    if (untouched == untouched_end) allocate_chunk();
+    void* const block = untouched;
+    untouched += BlockSize;
     return block;
   }
 
@@ -65,19 +72,22 @@ class MemoryPool {
 
   void allocate_chunk() {
     const std::size_t block_count = next_block_count;
-    constexpr std::size_t most = (std::numeric_limits<std::size_t>::max() - sizeof(Chunk));
-    if (block_count > most / BlockSize) throw std::bad_alloc();
+    constexpr std::size_t most =
+        (std::numeric_limits<std::size_t>::max() - sizeof(Chunk)) / BlockSize;
+    if (block_count > most) throw std::bad_alloc();
     void* const memory = std::malloc(sizeof(Chunk) + block_count * BlockSize);
     if (memory == nullptr) throw std::bad_alloc();
     chunks = ::new (memory) Chunk{chunks};
 
-    next_block_count = static_cast<std::size_t>(static_cast<float>(block_count) * growth_factor);
+    const float grown = static_cast<float>(block_count) * growth_factor;
+    const bool countable = grown < static_cast<float>(std::numeric_limits<std::size_t>::max());
+    next_block_count = countable ? static_cast<std::size_t>(grown) : most;
     if (largest_block_count != 0 && next_block_count > largest_block_count) {
       next_block_count = largest_block_count;
     }
 
-    auto* const blocks = static_cast<unsigned char*>(memory) + sizeof(Chunk);
-    for (std::size_t i = block_count; i-- > 0;) recycle(blocks + i * BlockSize);
+    untouched = static_cast<unsigned char*>(memory) + sizeof(Chunk);
+    untouched_end = untouched + block_count * BlockSize;
   }
 
   std::size_t next_block_count;
@@ -85,6 +95,10 @@ class MemoryPool {
   std::size_t largest_block_count;
   Chunk* chunks = nullptr;
   FreeBlock* free_blocks = nullptr;
+  // What was never handed out of the newest chunk. It is not threaded into the free list, so that
+  // the memory of a large chunk is not touched before it is needed.
+  unsigned char* untouched = nullptr;
+  unsigned char* untouched_end = nullptr;
 };
 
 /// A `MemoryPool` of blocks that hold objects of type T. It does not destroy objects that are still
@@ -163,9 +177,9 @@ std::size_t bucket_count_for(std::size_t wanted) noexcept;
 ///   the element linked last. It depends on nothing but the keys and the sequence of calls.
 /// - A new table has 31 buckets. It grows to the next prime on an insertion attempt, even of a key
 ///   that is present, made while its load is above 0.7: at 22, 52, 106, 220, ... elements.
-/// - An insertion that throws leaves the elements as they were (the table may have grown). Nothing
-///   else throws, but for `rehash` and `clear(true)`, which allocate a bucket array first and leave
-///   the table as it was if there is no memory for it.
+/// - An insertion that throws leaves the elements as they were (the table may have grown). Only the
+///   constructor, `new_Bucket`, `rehash` and `clear(true)` may throw besides; the latter two leave
+///   the table as it was.
 /// - Find, insert and erase take constant time on the average, for keys that hash well.
 ///
 /// What the implementation keeps:
@@ -183,8 +197,9 @@ class Hashtable {
  public:
   /// A node of a chain.
   struct Bucket {
-    explicit Bucket(const Value& element) : value(element) {}
-    explicit Bucket(Value&& element) : value(std::move(element)) {}
+    template <class... Arguments>
+    explicit Bucket(std::in_place_t, Arguments&&... arguments)
+        : value(std::forward<Arguments>(arguments)...) {}
 
     Bucket* next = nullptr;
     Value value;
@@ -251,6 +266,13 @@ class Hashtable {
   std::size_t size() const noexcept { return count; }
   std::size_t bucket_count() const noexcept { return buckets.size(); }
 
+  /// Whether the next insertion attempt, of whatever key, makes the table grow. (The load is
+  /// compared in these widths on purpose: they fix the growth points.)
+  bool grows_next() const noexcept {
+    const float load = static_cast<float>(count) / static_cast<float>(buckets.size());
+    return static_cast<double>(load) > 0.7;
+  }
+
   iterator begin() noexcept { return begin_of<iterator>(); }
   iterator end() noexcept { return end_of<iterator>(); }
   const_iterator begin() const noexcept { return begin_of<const_iterator>(); }
@@ -262,16 +284,16 @@ class Hashtable {
 
   /// Inserts `value`; returns false, and leaves the element that is there as it is, if there is one
   /// with its key.
-  bool insert(const Value& value) { return insert_value(value, nullptr, nullptr); }
-  bool insert(Value&& value) { return insert_value(std::move(value), nullptr, nullptr); }
+  bool insert(const Value& value) { return do_insert(value, nullptr, nullptr); }
+  bool insert(Value&& value) { return do_insert(std::move(value), nullptr, nullptr); }
 
   /// Like `insert`, and tells the key's bucket through `bucket` and the node that now holds the key
   /// through `node`. (Either may be null.) When it returns false, a moved value is still whole.
   bool do_insert(const Value& value, std::size_t* bucket, Bucket** node) {
-    return insert_value(value, bucket, node);
+    return do_emplace(GetKey()(value), bucket, node, value);
   }
   bool do_insert(Value&& value, std::size_t* bucket, Bucket** node) {
-    return insert_value(std::move(value), bucket, node);
+    return do_emplace(GetKey()(value), bucket, node, std::move(value));
   }
 
   /// Removes the element with this key; false if there is none. `key` may be part of that element.
@@ -309,18 +331,31 @@ class Hashtable {
   }
 
   /// A node of this table's pool that holds a copy of `value` and is in no chain yet.
-  Bucket* new_Bucket(const Value& value) { return pool.create(value); }
-  Bucket* new_Bucket(Value&& value) { return pool.create(std::move(value)); }
+  Bucket* new_Bucket(const Value& value) { return pool.create(std::in_place, value); }
+
+ protected:
+  /// `do_insert` of the value that `arguments` make, which has this key: it is made in its node,
+  /// and only if the key is absent.
+  template <class... Arguments>
+  bool do_emplace(const Key& key, std::size_t* bucket_out, Bucket** node_out,
+                  Arguments&&... arguments) {
+    if (grows_next()) rehash(buckets.size() + 1);
+    const std::size_t bucket = bucket_of(key);
+    if (bucket_out != nullptr) *bucket_out = bucket;
+    Bucket* node = *walk(&buckets[bucket], key);
+    const bool absent = node == nullptr;
+    if (absent) {
+      node = pool.create(std::in_place, std::forward<Arguments>(arguments)...);
+      link(node, bucket);
+      ++count;
+    }
+    if (node_out != nullptr) *node_out = node;
+    return absent;
+  }
 
  private:
   std::size_t bucket_of(const Key& key) const noexcept {
     return static_cast<std::size_t>(Hash()(key) % buckets.size());
-  }
-
-  // The load is compared in these widths on purpose: they fix the growth points.
-  bool overloaded() const noexcept {
-    const float load = static_cast<float>(count) / static_cast<float>(buckets.size());
-    return static_cast<double>(load) > 0.7;
   }
 
   void link(Bucket* node, std::size_t bucket) noexcept {
@@ -335,22 +370,6 @@ class Hashtable {
   static Link* walk(Link* link, const Key& key) noexcept {
     while (*link != nullptr && !Equal()(GetKey()((*link)->value), key)) link = &(*link)->next;
     return link;
-  }
-
-  template <class V>
-  bool insert_value(V&& value, std::size_t* bucket_out, Bucket** node_out) {
-    if (overloaded()) rehash(buckets.size() + 1);
-    const std::size_t bucket = bucket_of(GetKey()(value));
-    if (bucket_out != nullptr) *bucket_out = bucket;
-    Bucket* node = *walk(&buckets[bucket], GetKey()(value));
-    const bool absent = node == nullptr;
-    if (absent) {
-      node = new_Bucket(std::forward<V>(value));
-      link(node, bucket);
-      ++count;
-    }
-    if (node_out != nullptr) *node_out = node;
-    return absent;
   }
 
   template <class Iterator>
@@ -400,8 +419,23 @@ class HashMap : public Hashtable<std::pair<Key, T>, GetKey_pair<Key, T>, Key, Ha
   /// The value of `key`, after an insertion attempt of `key` with `T()`.
   T& operator[](const Key& key) {
     typename HashMap::Bucket* node = nullptr;
-    this->do_insert(std::pair<Key, T>(key, T()), nullptr, &node);
+    emplace_pair(key, &node);
     return node->value.second;
+  }
+
+  /// Inserts `key` with a T made from `arguments`, in place; returns false, and makes nothing, if
+  /// the key is present.
+  template <class... Arguments>
+  bool try_emplace(const Key& key, Arguments&&... arguments) {
+    return emplace_pair(key, nullptr, std::forward<Arguments>(arguments)...);
+  }
+
+ private:
+  template <class... Arguments>
+  bool emplace_pair(const Key& key, typename HashMap::Bucket** node, Arguments&&... arguments) {
+    return this->do_emplace(key, nullptr, node, std::piecewise_construct,
+                            std::forward_as_tuple(key),
+                            std::forward_as_tuple(std::forward<Arguments>(arguments)...));
   }
 };
 

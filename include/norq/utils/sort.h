@@ -39,14 +39,13 @@ void sift(T* a, Size top, Size n, T value, Compare& cmp) {
 template <class T, class Size, class Compare>
 void heap_sort(T* a, Size n, Compare& cmp) {
   for (Size top = n / 2; top-- > 0;) {
-    T value = std::move(a[top]);
-    sift(a, top, n, std::move(value), cmp);
+    sortimpl::sift(a, top, n, T(std::move(a[top])), cmp);
   }
   while (n > 1) {
     --n;
     T value = std::move(a[n]);
     a[n] = std::move(a[0]);
-    sift(a, Size{0}, n, std::move(value), cmp);
+    sortimpl::sift(a, Size{0}, n, std::move(value), cmp);
   }
 }
 
@@ -63,7 +62,7 @@ const T& median(const T& x, const T& y, const T& z, Compare& cmp) {
 template <class T, class Size, class Compare>
 Size partition(T* a, Size n, Compare& cmp) {
   using std::swap;
-  const T pivot = median(a[0], a[n / 2], a[n - 1], cmp);
+  const T pivot = sortimpl::median(a[0], a[n / 2], a[n - 1], cmp);
   Size i = 0;
   Size j = n - 1;
   for (;;) {
@@ -85,12 +84,12 @@ template <class T, class Size, class Compare>
 void do_sort(T* first, Size n, Compare cmp, int depth) {
   while (n >= small_range) {
     if (depth == 0) {
-      heap_sort(first, n, cmp);
+      sortimpl::heap_sort(first, n, cmp);
       return;
     }
     --depth;
-    const Size left = partition(first, n, cmp);
-    do_sort(first, left, cmp, depth);
+    const Size left = sortimpl::partition(first, n, cmp);
+    sortimpl::do_sort(first, left, cmp, depth);
     first += left;
     n -= left;
   }
@@ -99,7 +98,7 @@ void do_sort(T* first, Size n, Compare cmp, int depth) {
 template <class T, class Compare>
 void selection_sort(T* first, T* last, Compare& cmp) {
   using std::swap;
-  for (; first != last; ++first) {
+  for (; last - first > 1; ++first) {
     T* smallest = first;
     for (T* candidate = first + 1; candidate != last; ++candidate) {
       if (cmp(*candidate, *smallest)) smallest = candidate;
@@ -127,9 +126,9 @@ void insertion_sort(T* first, T* last, Compare& cmp) {
 /// the sequence of answers of `cmp`, and is the same on every platform. In place, O(n log n)
 /// comparisons at the worst, no allocation, and a stack bounded by a constant. Throws what `cmp`
 /// and the moves and copies of elements throw; the elements are then in no useful state.
-template <class T, class Compare>
+template <class T, class Size = std::size_t, class Compare>
 void sort(T* first, T* last, Compare cmp) {
-  const auto n = static_cast<std::size_t>(last - first);
+  const auto n = static_cast<Size>(last - first);
   if (n < sortimpl::small_range) {
     sortimpl::selection_sort(first, last, cmp);
     return;

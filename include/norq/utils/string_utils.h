@@ -80,7 +80,6 @@ class TokenIterator {
 
   TokenIterator() = default;
 
-  /// `start` is the offset in the text at which the current token starts, or npos at the end.
   TokenIterator(TokenizerBase* owner, std::size_t start) noexcept : tokenizer(owner), pos(start) {}
 
   reference operator*() const;
@@ -99,9 +98,8 @@ class TokenIterator {
     return !(a == b);
   }
 
- private:
   TokenizerBase* tokenizer = nullptr;
-  std::size_t pos = std::string::npos;
+  std::size_t pos = std::string::npos;  ///< where the token starts in the text; npos at the end
 };
 
 /// What a tokenizer does. Call `begin` exactly once, then dereference and increment the iterator in
