@@ -1,8 +1,9 @@
-#include "allocation_gate.h"
-
 #include <cstdlib>
 #include <new>
 
+// How many allocations succeed before one fails; after that, and below 0, all succeed. Counts
+// `operator new` everywhere and, by the linker's wrap option, `malloc` in what is linked
+// statically.
 long allocations_left = -1;
 
 // The names are the linker's.

@@ -1,32 +1,17 @@
 #include "norq/utils/exception.h"
 
-#include <gtest/gtest.h>
+#include <cstdio>
 
-#include <fstream>
-#include <locale>
-#include <string>
-#include <vector>
+#include "testing.h"
 
-#include "norq/options/option_parser.h"
+static std::vector<std::string> dumped;
 
-namespace {
-
-std::vector<std::string>& dumped() {
-  static std::vector<std::string> texts;
-  return texts;
-}
-
-}  // namespace
-
-// This program's own hook. The test passes only where it is the one that the library calls.
+// This program's own hook. The tests pass only where it is the one that the library calls.
 void norq::Exception::dump_msg_and_raise_assertion() {
-  dumped().emplace_back(what());
+  dumped.emplace_back(what());
 }
 
 namespace norq {
-namespace {
-
-using Texts = std::vector<std::string>;
 
 TEST(Exception, TheTextGrowsByInsertion) {
   Exception exception("a", false);
@@ -38,42 +23,35 @@ TEST(Exception, TheTextGrowsByInsertion) {
   EXPECT_STREQ(copy.what(), "ab3c12345--1");
   exception << std::hex << 255;
   EXPECT_STREQ(exception.what(), "ab3ff");
-  try {
-    throw copy << '!';
-  } catch (const std::exception& caught) {
-    EXPECT_STREQ(caught.what(), "ab3c12345--1!");
-  }
 }
 
-TEST(Exception, TheHostsHookSeesTheFirstTextOnceForEachException) {
-  dumped().clear();
+TEST(Exception, TheHookSeesTheFirstTextOnceForEachException) {
+  dumped.clear();
   const Exception quiet("quiet", false);
-  EXPECT_EQ(dumped(), Texts());
   try {
     throw Exception("first", true) << " and second";
   } catch (const Exception& caught) {
     const Exception copy(caught);
     EXPECT_STREQ(copy.what(), "first and second");
   }
-  EXPECT_EQ(dumped(), Texts{"first"});
+  EXPECT_EQ(dumped, Strings{"first"});
 }
 
-TEST(Exception, TheHostsHookSeesTheLibrarysExceptions) {
+TEST(Exception, TheHookSeesTheLibrarysExceptions) {
   OptionParser parser(BOOL_STYLE_NO_PREFIX, false);
   parser.add_option("n", OPT_INT, "");
   const char* const argv[] = {"host", "-n=x"};
-  std::vector<std::string> rest;
-  const std::string path = std::string("exception_test.") + NORQ_LINKED_AS + ".tmp";
+  Strings rest;
+  const std::string path = std::string("exception_test.") + NORQ_LINKED_AS;
   std::ofstream(path) << "n = x\n";
-  dumped().clear();
+  dumped.clear();
   EXPECT_THROW(parser.parse_option("x", "", 0), OptionParser::error);
   EXPECT_THROW(parser.parse_args(2, argv, rest, 0), OptionParser::error);
   EXPECT_THROW(parser.parse_config_file("no/such/file", 0), Exception);
   EXPECT_THROW(parser.parse_config_file(path, 0), Exception);
-  EXPECT_EQ(dumped(), (Texts{"unknown option", "bad option format", "unable to open config file: ",
+  EXPECT_EQ(dumped, (Strings{"unknown option", "bad option format", "unable to open config file: ",
                              "bad value for option", "invalid line "}));
   std::remove(path.c_str());
 }
 
-}  // namespace
 }  // namespace norq
