@@ -116,8 +116,8 @@ class OptionParser {
   /// Throws `Exception` "unable to open config file: FILE", "invalid line N in config file: FILE"
   /// for a statement without '=', and the same followed by " (REASON)" for one that `parse_option`
   /// does not accept, or has no memory for. N is the number of the statement's last line, or of the
-  /// file's if it ends while the statement goes on. What was applied before that stays. A read error
-  /// ends the file.
+  /// file's if it ends while the statement goes on. What was applied before that stays. A read
+  /// error ends the file.
   void parse_config_file(const std::string& file_name, int level);
 
   /// Sets one option. Throws `error` "unknown option" if `key` is not registered and "bad value for
