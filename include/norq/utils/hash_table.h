@@ -198,7 +198,7 @@ class Hashtable {
   /// A node of a chain.
   struct Bucket {
     template <class... Arguments>
-    explicit Bucket(std::in_place_t, Arguments&&... arguments)
+    explicit Bucket(std::in_place_t /*tag*/, Arguments&&... arguments)
         : value(std::forward<Arguments>(arguments)...) {}
 
     Bucket* next = nullptr;
