@@ -32,7 +32,7 @@ def libraries(measure):
         library = name.split("/")[1]
         if name.startswith(measure + "/") and library not in seen:
             seen.append(library)
-    return seen
+    return sorted(seen, key=str.lower)
 
 
 def sizes_of(measure):
@@ -41,7 +41,7 @@ def sizes_of(measure):
         sizes = "/".join(name.split("/")[2:])
         if name.startswith(measure + "/") and sizes not in seen:
             seen.append(sizes)
-    return seen
+    return sorted(seen, key=lambda sizes: [int(size) for size in sizes.split("/")])
 
 
 def ratio(measure, library, sizes):
@@ -147,7 +147,7 @@ bytes; 1.5 times that and 200 bytes for each option make {int(1.5 * texts + 200 
 """)
 
 with open(chart_data, "w") as out:
-    names = libraries("cycle")
+    names = sorted(libraries("cycle"), key=lambda library: library != "norq")  # drawn bold
     out.write("options " + " ".join(names) + "\n")
     for n in (10, 50, 100, 1000, 10000):
         arguments = {10: 5, 50: 10, 100: 100, 1000: 1000, 10000: 10000}[n]

@@ -44,7 +44,10 @@ void count_words(std::istream& in, const std::string& file_name, bool fold_case,
   const auto is_punctuation = [](char c) { return std::ispunct(static_cast<unsigned char>(c)); };
   for (std::string text; in >> text;) {
     std::string word = str::strip(text, is_punctuation);
-    if (fold_case) std::transform(word.begin(), word.end(), word.begin(), ::tolower);
+    const auto lower = [](char c) {
+      return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    };
+    if (fold_case) std::transform(word.begin(), word.end(), word.begin(), lower);
     if (!word.empty()) ++(*counts)[word];
   }
   if (!in.eof()) throw Exception("unable to read file: ", true) << file_name;
@@ -72,8 +75,8 @@ void print_words(const OptionParser& options, const Counts& counts) {
   std::vector<std::pair<std::string, int>> words(counts.begin(), counts.end());
   std::stable_sort(words.begin(), words.end(),
                    [](const auto& a, const auto& b) { return a.second > b.second; });
-  float total = 0;
-  for (const auto& [word, count] : words) total += static_cast<float>(count);
+  double total = 0;
+  for (const auto& [word, count] : words) total += count;
 
   const int size = static_cast<int>(words.size());
   const int begin = std::clamp(skip < 0 ? size + skip : skip, 0, size);
@@ -83,8 +86,8 @@ void print_words(const OptionParser& options, const Counts& counts) {
   std::cout << std::fixed << std::setprecision(1);
   for (; entry != end; ++entry) {
     const auto& [word, count] = *entry;
-    const float percent = 100 * static_cast<float>(count) / total;
-    if (percent < min_percent) continue;
+    const double percent = 100 * count / total;
+    if (percent < static_cast<double>(min_percent)) continue;
     std::cout << std::setw(6) << count << std::setw(6) << percent << "% " << word << '\n';
   }
 }
@@ -118,6 +121,7 @@ void run(int argc, char** argv) {
 }
 
 int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);  // a synchronised standard input takes errors for its end
   try {
     run(argc, argv);
     if (!std::cout.flush()) throw Exception("unable to write to standard output", true);

@@ -2,7 +2,7 @@
 # Builds the benchmarks, runs all of them beside the peers that Debian packages, and writes
 # docs/benchmarks.md with its chart. Takes about ten minutes.
 set -eu
-cd "$(dirname "$0")/.."
+CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
 has_header() { echo "#include <$1>" | "${CXX:-c++}" -E -x c++ -; }

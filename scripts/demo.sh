@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds norq and its example wordfreq, and shows what they do.
 set -eu
-cd "$(dirname "$0")/.."
+CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
 need_build_tools

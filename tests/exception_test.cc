@@ -19,9 +19,11 @@ TEST(Exception, TheTextGrowsByInsertion) {
   EXPECT_STREQ(exception.what(), "ab3");
   EXPECT_STREQ(exception.what(), "ab3");
   Exception copy(exception);
+  const char* const text = exception.what();
   copy << std::string("c") << 12345 << '-' << -1;
   EXPECT_STREQ(copy.what(), "ab3c12345--1");
   exception << std::hex << 255;
+  EXPECT_STREQ(text, "ab3");  // valid until the next call
   EXPECT_STREQ(exception.what(), "ab3ff");
 }
 

@@ -26,6 +26,7 @@ TEST(Option, FloatsAreWhatTheCLocaleReads) {
 TEST(Option, CopiesShareNothing) {
   Option without_values("o", OPT_ENUM, "", 0, 1);
   EXPECT_FALSE(handle_option(without_values, "", 0));
+  EXPECT_EQ(Option(Option("o", OPT_STR, "", 0, 1)).value.str_value, nullptr);
   Option text("n", OPT_STR, "h", 3, 4), choice("m", OPT_ENUM, "", 0, 1),
       number("i", OPT_INT, "", 0, 1);
   choice.enum_values.reset(new Option::EnumValues{{"fast", {1, "quick"}}});
@@ -43,6 +44,7 @@ TEST(Option, CopiesShareNothing) {
   EXPECT_EQ(assigned.enum_values->at("fast"), std::make_pair(1, std::string("quick")));
   EXPECT_EQ(assigned.value.int_value, 1);
   assigned = text;  // from enumeration to text and back
+  EXPECT_TRUE(assigned.is_set && assigned.level == 6);
   EXPECT_TRUE(assigned.enum_values == nullptr && assigned.value.str_value == std::string("Xb"));
   assigned = choice;
   EXPECT_EQ(assigned.type, OPT_ENUM);

@@ -12,8 +12,7 @@ const std::string other_text(90, 'y');
 
 // All that a host can see of a parser.
 std::string listing_of(OptionParser& parser) {
-  return help_of(parser, PRINT_ORDER_GROUP_NAME, PRINT_STYLE_TAB) +
-         help_of(parser, PRINT_ORDER_INDEX, PRINT_STYLE_TAB) + state_of(parser);
+  return help_of(parser, PRINT_ORDER_INDEX, PRINT_STYLE_TAB) + state_of(parser);
 }
 
 TEST(OutOfMemory, EveryMemberLeavesTheParserAsItWas) {
@@ -26,6 +25,7 @@ TEST(OutOfMemory, EveryMemberLeavesTheParserAsItWas) {
     parser.parse_args(2, argv, rest, 0);
   };
   hsh::HashSet<std::string> keys;
+  keys.insert(long_text + "1");  // one of those that are set
   struct : std::streambuf {
     int overflow(int byte) override { return byte == EOF ? 0 : byte; }
   } nowhere;
@@ -42,7 +42,8 @@ TEST(OutOfMemory, EveryMemberLeavesTheParserAsItWas) {
          p.set_cur_help_group(long_text);
          p.add_option("in group", OPT_FLAG, "");
          allocations_left = -1;
-         EXPECT_NE(listing_of(p).find(long_text + "\n -in group"), std::string::npos);
+         const std::string by_group = help_of(p, PRINT_ORDER_GROUP_NAME, PRINT_STYLE_TAB);
+         EXPECT_NE(by_group.find(long_text + "\n -in group"), std::string::npos);
          allocations_left = 0;  // no failure so far
        }},
       {"parse_option", [&](auto& p) { p.parse_option("out", other_text, 0); }},
@@ -95,10 +96,11 @@ TEST(OutOfMemory, EveryMemberLeavesTheParserAsItWas) {
         ASSERT_EQ(failed, gate_shut) << name << ", allocation " << n;
         if (!failed) break;
         ASSERT_EQ(listing_of(parser), before) << name << ", allocation " << n;
-        ASSERT_EQ(rest.size() + keys.size() + text.size(), 0u) << name << ", allocation " << n;
+        ASSERT_EQ(rest.size() + keys.size() + text.size(), 1u) << name << ", allocation " << n;
       }
       rest.clear();
-      keys.clear(false);
+      keys.erase(long_text + "2");
+      keys.erase("out");
       text = std::string();
     }
   }

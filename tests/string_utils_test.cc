@@ -17,6 +17,7 @@ TEST(StringUtils, IteratorsFillVectorsAndHandlesMayBeEmpty) {
   Tokenizer parts = get_tokenizer(text, "=", 0), words = get_tokenizer(text, "=", 1), nothing;
   EXPECT_EQ(Strings(parts.begin(), parts.end()), (Strings{"a", std::string(1, '\0'), "b"}));
   EXPECT_TRUE(nothing.begin() == nothing.end() && nothing.begin() == TokenIterator());
+  EXPECT_TRUE(parts.end() != words.end());
   TokenIterator it = words.begin();
   EXPECT_EQ(*it++, "a");
   EXPECT_EQ(it->size(), 3u);
