@@ -77,7 +77,7 @@ All figures come from one run of `./scripts/bench.sh`, on: {machine}.
 ## Method
 
 Every library does the same work in the same process, built by g++ with `-O3`; what it reads back is
-compared with what was given. Times are processor times. Benchmarks are run in random order, three
+compared with what was given. Times are processor times. Benchmarks are run in random order, seven
 times each, and a ratio is that of the medians: norq's time divided by the peer's, so that below 1
 norq is the faster. Peers come from Debian's packages.
 

@@ -29,8 +29,8 @@ echo "== Measuring build costs"
 ../../bench/build_cost.sh libnorq.a cost >cost.csv
 memory=$(bench/norq_memory)
 echo "== Running the benchmarks"
-bench/norq_benchmarks --benchmark_format=csv --benchmark_min_time=0.05 \
-  --benchmark_repetitions=3 --benchmark_enable_random_interleaving=true >benchmarks.csv
+bench/norq_benchmarks --benchmark_format=csv --benchmark_min_time=0.02 \
+  --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true >benchmarks.csv
 
 echo "== Writing docs/benchmarks.md and docs/cycle.svg"
 mkdir -p ../../docs

@@ -31,17 +31,6 @@ TEST_F(ConfigFile, UnusualFiles) {
   EXPECT_EQ(state_of(parser), "count=2147483647 out=" + text + " " + text + " ");
 }
 
-TEST_F(ConfigFile, RefusalsAreNotErrorsOfASetting) {
-  std::ofstream(path) << "absent = 1";
-  const auto parse = [&] {
-    try {
-      parser.parse_config_file(path, 0);
-    } catch (const OptionParser::error&) {
-    }
-  };
-  EXPECT_THROW(parse(), Exception);
-}
-
 struct GroupDigits : std::numpunct<char> {
   std::string do_grouping() const override { return "\1"; }
 };

@@ -10,10 +10,6 @@ namespace norq::hsh {
 
 using IntSet = HashSet<int>;
 
-std::vector<int> elements_of(const IntSet& set) {
-  return {set.begin(), set.end()};
-}
-
 TEST(HashTable, Hashes) {
   const hash<std::string> hash_of;
   EXPECT_TRUE(hash_of("") == 0 && hash_of({"\0b", 2}) == 0 && hash_of({"a\0b", 3}) == 'a');
@@ -50,13 +46,14 @@ TEST(HashTable, GrowsOnTheAttemptAfterTheLoadPassedTheLimit) {
 
 TEST(HashTable, IterationGoesByBucketAndFromTheNewest) {
   IntSet set;
+  const auto elements = [&] { return std::vector<int>(set.begin(), set.end()); };
   for (const int key : {0, 31, 62, 1, 73, -1}) set.insert(key);
-  EXPECT_EQ(elements_of(set), (std::vector<int>{62, 31, 0, 1, 73, -1}));
+  EXPECT_EQ(elements(), (std::vector<int>{62, 31, 0, 1, 73, -1}));
   set.rehash(31);
   EXPECT_TRUE(set.erase(31) && !set.erase(31));
-  EXPECT_EQ(elements_of(set), (std::vector<int>{62, 0, 1, 73, -1}));
+  EXPECT_EQ(elements(), (std::vector<int>{62, 0, 1, 73, -1}));
   set.rehash(32);  // 73 buckets: 73 comes after 0 into its chain; -1 goes to 2^64 - 1 modulo 73 = 1
-  EXPECT_EQ(elements_of(set), (std::vector<int>{73, 0, -1, 1, 62}));
+  EXPECT_EQ(elements(), (std::vector<int>{73, 0, -1, 1, 62}));
   EXPECT_TRUE(++set.find(62) == set.end() && set.find(31) == set.end());
 }
 

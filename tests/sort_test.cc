@@ -1,7 +1,6 @@
 #include "norq/utils/sort.h"
 
 #include <algorithm>
-#include <cmath>
 #include <functional>
 #include <numeric>
 #include <random>

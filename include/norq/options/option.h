@@ -43,6 +43,7 @@ class Option {
   Option(const std::string& option_name, OptionType option_type, const std::string& help_text,
          int help_group, int ordinal);
 
+  /// A copy shares nothing with its source. A record moved from is a placeholder.
   Option(const Option& other);
   Option(Option&& other) noexcept;
 

@@ -186,6 +186,7 @@ class OptionParser {
 /// from the command line, by ", command-line: ARGUMENT".
 class OptionParser::error : public Exception {
  public:
+  /// Calls the diagnostic hook with `message` alone, then completes the text. Copies its arguments.
   error(const std::string& message, const std::string& option_name, const std::string& value_text,
         const std::string& argument);
   error(const error&) = default;

@@ -263,6 +263,7 @@ class Hashtable {
   Hashtable& operator=(const Hashtable&) = delete;
   ~Hashtable() { free_nodes(); }
 
+  /// The number of elements, and that of buckets.
   std::size_t size() const noexcept { return count; }
   std::size_t bucket_count() const noexcept { return buckets.size(); }
 
@@ -273,6 +274,8 @@ class Hashtable {
     return static_cast<double>(load) > 0.7;
   }
 
+  /// From the head of the first chain that is not empty to the end of the last. `begin` takes time
+  /// in proportion to the empty buckets in front.
   iterator begin() noexcept { return begin_of<iterator>(); }
   iterator end() noexcept { return end_of<iterator>(); }
   const_iterator begin() const noexcept { return begin_of<const_iterator>(); }

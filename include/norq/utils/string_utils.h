@@ -111,13 +111,17 @@ class TokenizerBase {
   TokenizerBase& operator=(const TokenizerBase&) = delete;
   virtual ~TokenizerBase();
 
+  /// Makes the first token current. Every text has one, be it empty.
   virtual TokenIterator begin() = 0;
+
+  /// The iterator that has gone past the last token. Changes nothing.
   virtual TokenIterator end() = 0;
 
   /// Makes the next token current and returns the offset at which it starts, or npos, changing
   /// nothing, if there is none left.
   virtual std::size_t next_pos() = 0;
 
+  /// The current token, valid until the next one becomes current.
   virtual const std::string& cur_token() const = 0;
 };
 
@@ -132,6 +136,10 @@ class Tokenizer {
   Tokenizer() = default;
   explicit Tokenizer(std::unique_ptr<TokenizerBase> tokenizer) noexcept
       : impl(std::move(tokenizer)) {}
+
+  /// Takes over `tokenizer`, which came from `new` or is null: `Tokenizer(new
+  /// TokenizerImpl<P>(...))`.
+  explicit Tokenizer(TokenizerBase* tokenizer) noexcept : impl(tokenizer) {}
 
   TokenIterator begin() { return impl == nullptr ? TokenIterator() : impl->begin(); }
   TokenIterator end() { return impl == nullptr ? TokenIterator() : impl->end(); }
