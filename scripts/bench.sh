@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the benchmarks, runs all of them beside the peers that Debian packages, and writes
-# docs/benchmarks.md with its chart. Takes about ten minutes.
+# docs/benchmarks.md with its chart. Takes about eight minutes.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
