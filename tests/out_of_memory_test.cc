@@ -75,10 +75,11 @@ TEST(OutOfMemory, EveryMemberLeavesTheParserAsItWas) {
       OptionParser parser(BOOL_STYLE_NO_PREFIX, false);
       add_sample_options(parser);
       parser.add_option("bare", OPT_ENUM, "");
-      parser.add_option(long_text + "1", OPT_FLAG, "");
-      parser.add_option(long_text + "2", OPT_FLAG, "");
-      for (int i = 8; i < options; ++i) parser.add_option(std::to_string(i), OPT_INT, "");
-      for (const char* key : {"1", "2"}) parser.parse_option(long_text + key, "", 0);
+      for (const char* key : {"1", "2", "3"}) {
+        parser.add_option(long_text + key, OPT_FLAG, "");
+        parser.parse_option(long_text + key, "", 0);
+      }
+      for (int i = 9; i < options; ++i) parser.add_option(std::to_string(i), OPT_INT, "");
       parser.parse_option("out", long_text, 0);
       const std::string before = listing_of(parser);
       for (long n = 0;; ++n) {
@@ -97,7 +98,7 @@ TEST(OutOfMemory, EveryMemberLeavesTheParserAsItWas) {
         ASSERT_EQ(rest.size() + keys.size() + text.size(), 1u) << name << ", allocation " << n;
       }
       rest.clear();
-      keys.erase(long_text + "2");
+      for (const std::string& key : {long_text + "2", long_text + "3"}) keys.erase(key);
       keys.erase("out");
       text = std::string();
     }
