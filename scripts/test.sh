@@ -8,6 +8,13 @@ CDPATH='' cd -- "$(dirname -- "$0")/.."
 has_googletest() { echo '#include <gtest/gtest.h>' | "${CXX:-c++}" -E -x c++ -; }
 need_build_tools
 need libgtest-dev has_googletest
+# g++ brings the sanitizers' run-time library, clang++ does not.
+lacks_sanitizers() {
+  mkdir -p build
+  command -v "${CXX:-c++}" && ! echo 'int main() {}' |
+    "${CXX:-c++}" -fsanitize=address,undefined -x c++ -o build/sanitized -
+}
+if lacks_sanitizers >/dev/null 2>&1; then need libclang-rt-dev false; fi
 install_needs
 
 echo "== Building the tests in build/test"
