@@ -198,10 +198,11 @@ class Hashtable {
   /// A node of a chain.
   struct Bucket {
     template <class... Arguments>
-    explicit Bucket(std::in_place_t /*tag*/, Arguments&&... arguments)
-        : value(std::forward<Arguments>(arguments)...) {}
+    explicit Bucket(std::uint64_t key_hash, Arguments&&... arguments)
+        : hash(key_hash), value(std::forward<Arguments>(arguments)...) {}
 
     Bucket* next = nullptr;
+    std::uint64_t hash;  // of the key, so that neither growth nor a walk along a chain reads keys
     Value value;
   };
 
@@ -327,14 +328,14 @@ class Hashtable {
     for (Bucket* node : old) {
       while (node != nullptr) {
         Bucket* const successor = node->next;
-        link(node, bucket_of(GetKey()(node->value)));
+        link(node, bucket_of(node->hash));
         node = successor;
       }
     }
   }
 
   /// A node of this table's pool that holds a copy of `value` and is in no chain yet.
-  Bucket* new_Bucket(const Value& value) { return pool.create(std::in_place, value); }
+  Bucket* new_Bucket(const Value& value) { return pool.create(Hash()(GetKey()(value)), value); }
 
  protected:
   /// `do_insert` of the value that `arguments` make, which has this key: it is made in its node,
@@ -343,12 +344,13 @@ class Hashtable {
   bool do_emplace(const Key& key, std::size_t* bucket_out, Bucket** node_out,
                   Arguments&&... arguments) {
     if (grows_next()) rehash(buckets.size() + 1);
-    const std::size_t bucket = bucket_of(key);
+    const std::uint64_t hash = Hash()(key);
+    const std::size_t bucket = bucket_of(hash);
     if (bucket_out != nullptr) *bucket_out = bucket;
-    Bucket* node = *walk(&buckets[bucket], key);
+    Bucket* node = *walk(&buckets[bucket], hash, key);
     const bool absent = node == nullptr;
     if (absent) {
-      node = pool.create(std::in_place, std::forward<Arguments>(arguments)...);
+      node = pool.create(hash, std::forward<Arguments>(arguments)...);
       link(node, bucket);
       ++count;
     }
@@ -357,8 +359,8 @@ class Hashtable {
   }
 
  private:
-  std::size_t bucket_of(const Key& key) const noexcept {
-    return static_cast<std::size_t>(Hash()(key) % buckets.size());
+  std::size_t bucket_of(std::uint64_t hash) const noexcept {
+    return static_cast<std::size_t>(hash % buckets.size());
   }
 
   void link(Bucket* node, std::size_t bucket) noexcept {
@@ -367,11 +369,17 @@ class Hashtable {
   }
 
   // The link that holds the node with this key, or the null at the end of its chain.
-  Bucket** find_link(const Key& key) noexcept { return walk(&buckets[bucket_of(key)], key); }
+  Bucket** find_link(const Key& key) noexcept {
+    const std::uint64_t hash = Hash()(key);
+    return walk(&buckets[bucket_of(hash)], hash, key);
+  }
 
   template <class Link>
-  static Link* walk(Link* link, const Key& key) noexcept {
-    while (*link != nullptr && !Equal()(GetKey()((*link)->value), key)) link = &(*link)->next;
+  static Link* walk(Link* link, std::uint64_t hash, const Key& key) noexcept {
+    const auto is_it = [&](const Bucket& node) {
+      return node.hash == hash && Equal()(GetKey()(node.value), key);
+    };
+    while (*link != nullptr && !is_it(**link)) link = &(*link)->next;
     return link;
   }
 
@@ -392,8 +400,9 @@ class Hashtable {
   template <class Iterator>
   Iterator find_as(const Key& key) const noexcept {
     if (count == 0) return end_of<Iterator>();
-    Bucket* const* const chain = &buckets[bucket_of(key)];
-    Bucket* const node = *walk(chain, key);
+    const std::uint64_t hash = Hash()(key);
+    Bucket* const* const chain = &buckets[bucket_of(hash)];
+    Bucket* const node = *walk(chain, hash, key);
     return node == nullptr ? end_of<Iterator>()
                            : Iterator(chain, buckets.data() + buckets.size(), node);
   }
