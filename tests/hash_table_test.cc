@@ -1,6 +1,7 @@
 #include "norq/utils/hash_table.h"
 
 #include <map>
+#include <memory>
 #include <random>
 #include <stdexcept>
 
@@ -98,6 +99,18 @@ TEST(HashTable, PoolsCarveGrowingChunksAndReuseTheLastFreed) {
       set.insert(key);
       EXPECT_EQ(&*set.find(key), nodes[key]) << key;
     }
+  }
+}
+
+TEST(HashTable, DiscardingDestroysEveryElementOnce) {
+  const auto token = std::make_shared<int>();
+  HashMap<int, std::shared_ptr<int>> map;
+  for (const int erased : {0, 3, 0}) {  // with erased ones, free blocks lie between the elements
+    for (int key = 0; key < 60; ++key) map.insert({key, token});
+    for (int key = 0; key < erased; ++key) EXPECT_TRUE(map.erase(key * 20));
+    EXPECT_EQ(token.use_count(), 61 - erased);
+    map.discard();
+    EXPECT_TRUE(token.use_count() == 1 && map.size() == 0 && map.find(1) == map.end());
   }
 }
 

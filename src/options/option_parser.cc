@@ -19,7 +19,9 @@ OptionParser::error::~error() = default;
 OptionParser::OptionParser(OptionBoolStyle style, bool pass_unknown_options)
     : bool_style(style), pass_unknown(pass_unknown_options) {}
 
-OptionParser::~OptionParser() = default;
+OptionParser::~OptionParser() {
+  options.discard();  // the quick way
+}
 
 void OptionParser::reset() noexcept {
   options.clear(false);
@@ -61,7 +63,8 @@ bool OptionParser::add_option(const std::string& key, const std::string& name, O
   const int index = option_counter + 1;
   if (!options.try_emplace(key, name, type, help, cur_help_group, index)) return false;
   ++option_counter;
-  names_are_keys = names_are_keys && name == key;
+  // Mostly the name is the key itself: no need to compare it.
+  names_are_keys = names_are_keys && (&name == &key || name == key);
   return true;
 }
 

@@ -37,13 +37,7 @@ class MemoryPool {
   MemoryPool(const MemoryPool&) = delete;
   MemoryPool& operator=(const MemoryPool&) = delete;
 
-  ~MemoryPool() {
-    while (chunks != nullptr) {
-      Chunk* const newest = chunks;
-      chunks = newest->previous;
-      std::free(newest);
-    }
-  }
+  ~MemoryPool() { release_chunks(); }
 
   /// A block, until it is given back or the pool is destroyed. Throws `std::bad_alloc`, and changes
   /// nothing, if a new chunk is needed and there is no memory for it.
@@ -62,13 +56,45 @@ class MemoryPool {
   /// Takes back a block that `allocate` of this pool returned.
   void recycle(void* block) noexcept { free_blocks = ::new (block) FreeBlock{free_blocks}; }
 
+ protected:
+  /// Calls `visit` for each block in use, chunk by chunk, each in ascending address order. Does
+  /// nothing and returns false while some block taken back has not gone out again: blocks in use
+  /// cannot be told from those.
+  template <class Visit>
+  bool visit_blocks(Visit visit) noexcept {
+    if (free_blocks != nullptr) return false;
+    const unsigned char* end = untouched;
+    for (Chunk* chunk = chunks; chunk != nullptr; chunk = chunk->previous) {
+      unsigned char* const first = first_block(chunk);
+      if (chunk != chunks) end = first + chunk->block_count * BlockSize;
+      for (unsigned char* block = first; block != end; block += BlockSize) visit(block);
+    }
+    return true;
+  }
+
+  /// Releases all chunks, whatever their blocks hold.
+  void release_chunks() noexcept {
+    while (chunks != nullptr) {
+      Chunk* const newest = chunks;
+      chunks = newest->previous;
+      std::free(newest);
+    }
+    free_blocks = nullptr;
+    untouched = untouched_end = nullptr;
+  }
+
  private:
   struct FreeBlock {
     FreeBlock* next;
   };
   struct Chunk {  // followed by its blocks
     Chunk* previous;
+    std::size_t block_count;
   };
+
+  static unsigned char* first_block(Chunk* chunk) noexcept {
+    return reinterpret_cast<unsigned char*>(chunk) + sizeof(Chunk);
+  }
 
   void allocate_chunk() {
     const std::size_t block_count = next_block_count;
@@ -77,7 +103,7 @@ class MemoryPool {
     if (block_count > most) throw std::bad_alloc();
     void* const memory = std::malloc(sizeof(Chunk) + block_count * BlockSize);
     if (memory == nullptr) throw std::bad_alloc();
-    chunks = ::new (memory) Chunk{chunks};
+    chunks = ::new (memory) Chunk{chunks, block_count};
 
     const float grown = static_cast<float>(block_count) * growth_factor;
     const bool countable = grown < static_cast<float>(std::numeric_limits<std::size_t>::max());
@@ -86,7 +112,7 @@ class MemoryPool {
       next_block_count = largest_block_count;
     }
 
-    untouched = static_cast<unsigned char*>(memory) + sizeof(Chunk);
+    untouched = first_block(chunks);
     untouched_end = untouched + block_count * BlockSize;
   }
 
@@ -126,6 +152,15 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
   void free(T* object) noexcept {
     object->~T();
     this->recycle(object);
+  }
+
+  /// Destroys every object, in the order of `visit_blocks`, and releases the chunks. Like that, it
+  /// may do nothing and return false.
+  bool free_all() noexcept {
+    const auto destroy = [](void* block) { static_cast<T*>(block)->~T(); };
+    if (!this->visit_blocks(destroy)) return false;
+    this->release_chunks();
+    return true;
   }
 };
 
@@ -318,6 +353,15 @@ class Hashtable {
     std::vector<Bucket*> fresh(reallocate ? buckets.size() : 0);
     free_nodes();
     if (reallocate) buckets.swap(fresh);
+  }
+
+  /// Removes every element, in no particular order; the pool's memory need not stay. If none was
+  /// erased before, they go in the order of their memory: a walk along the chains of a large table
+  /// finds each of them outside the cache.
+  void discard() noexcept {
+    if (!pool.free_all()) return free_nodes();
+    for (Bucket*& chain : buckets) chain = nullptr;
+    count = 0;
   }
 
   /// Makes the bucket count `bucket_count_for(wanted)`, unless it is `wanted` or more already.
