@@ -39,31 +39,28 @@ void register_options(args::ArgumentParser& parser, const Workload& work, Flags&
   }
 }
 
+auto& flags_of(Flags& flags, int /*type*/) {
+  return flags.numbers;
+}
+auto& flags_of(Flags& flags, const std::string& /*type*/) {
+  return flags.texts;
+}
+auto& flags_of(Flags& flags, bool /*type*/) {
+  return flags.switches;
+}
+auto& flags_of(Flags& flags, float /*type*/) {
+  return flags.reals;
+}
+
 double cycle(const Workload& work) {
   args::ArgumentParser parser("host");
   Flags flags;
   register_options(parser, work, flags);
   const auto& argv = work.argv(2);
   parser.ParseCLI(static_cast<int>(argv.size()) - 1, argv.data());
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    const std::size_t i = setting.option / 4;
-    switch (work.options[setting.option].kind) {
-      case Kind::integer:
-        checksum.add(args::get(*flags.numbers[i]));
-        break;
-      case Kind::text:
-        checksum.add(args::get(*flags.texts[i]));
-        break;
-      case Kind::boolean:
-        checksum.add(args::get(*flags.switches[i]));
-        break;
-      case Kind::real:
-        checksum.add(args::get(*flags.reals[i]));
-        break;
-    }
-  }
-  return checksum.sum;
+  return read_back(work, [&](const Setting& setting, auto type) -> decltype(auto) {
+    return args::get(*flags_of(flags, type)[setting.option / 4]);
+  });
 }
 
 std::function<std::size_t()> make_lister(const Workload& work) {

@@ -37,25 +37,9 @@ double cycle(const Workload& work) {
   po::store(po::parse_command_line(static_cast<int>(argv.size()) - 1, argv.data(), description),
             values);
   po::notify(values);
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    const OptionSpec& spec = work.options[setting.option];
-    switch (spec.kind) {
-      case Kind::integer:
-        checksum.add(values[spec.name].as<int>());
-        break;
-      case Kind::text:
-        checksum.add(values[spec.name].as<std::string>());
-        break;
-      case Kind::boolean:
-        checksum.add(values[spec.name].as<bool>());
-        break;
-      case Kind::real:
-        checksum.add(values[spec.name].as<float>());
-        break;
-    }
-  }
-  return checksum.sum;
+  return read_back(work, [&](const Setting& setting, auto type) -> decltype(auto) {
+    return values[work.options[setting.option].name].as<decltype(type)>();
+  });
 }
 
 std::function<std::size_t()> make_lister(const Workload& work) {

@@ -40,25 +40,9 @@ double cycle(const Workload& work) {
   register_options(app, work, values);
   const auto& argv = work.argv(2);
   app.parse(static_cast<int>(argv.size()) - 1, argv.data());
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    const Value& value = values[setting.option];
-    switch (work.options[setting.option].kind) {
-      case Kind::integer:
-        checksum.add(value.number);
-        break;
-      case Kind::text:
-        checksum.add(value.text);
-        break;
-      case Kind::boolean:
-        checksum.add(value.on);
-        break;
-      case Kind::real:
-        checksum.add(value.real);
-        break;
-    }
-  }
-  return checksum.sum;
+  return read_back(work, [&](const Setting& setting, auto type) -> decltype(auto) {
+    return member_of(values[setting.option], type);
+  });
 }
 
 std::function<std::size_t()> make_lister(const Workload& work) {

@@ -32,25 +32,9 @@ double cycle(const Workload& work) {
   register_options(options, work);
   const auto& argv = work.argv(2);
   const auto result = options.parse(static_cast<int>(argv.size()) - 1, argv.data());
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    const OptionSpec& spec = work.options[setting.option];
-    switch (spec.kind) {
-      case Kind::integer:
-        checksum.add(result[spec.name].as<int>());
-        break;
-      case Kind::text:
-        checksum.add(result[spec.name].as<std::string>());
-        break;
-      case Kind::boolean:
-        checksum.add(result[spec.name].as<bool>());
-        break;
-      case Kind::real:
-        checksum.add(result[spec.name].as<float>());
-        break;
-    }
-  }
-  return checksum.sum;
+  return read_back(work, [&](const Setting& setting, auto type) -> decltype(auto) {
+    return result[work.options[setting.option].name].as<decltype(type)>();
+  });
 }
 
 std::function<std::size_t()> make_lister(const Workload& work) {

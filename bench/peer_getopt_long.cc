@@ -43,25 +43,9 @@ double cycle(const Workload& work) {
         break;
     }
   }
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    const Value& value = values[setting.option];
-    switch (work.options[setting.option].kind) {
-      case Kind::integer:
-        checksum.add(value.number);
-        break;
-      case Kind::text:
-        checksum.add(std::string(value.text));
-        break;
-      case Kind::boolean:
-        checksum.add(value.on);
-        break;
-      case Kind::real:
-        checksum.add(value.real);
-        break;
-    }
-  }
-  return checksum.sum;
+  return read_back(work, [&](const Setting& setting, auto type) -> decltype(auto) {
+    return member_of(values[setting.option], type);
+  });
 }
 
 const RegisterPeer registered({"getopt_long", cycle, nullptr});

@@ -3,7 +3,7 @@
 #include <memory>
 #include <sstream>
 
-#include "workload.h"
+#include "config.h"
 
 namespace bench {
 namespace {
@@ -18,35 +18,29 @@ void register_options(norq::OptionParser& parser, const Workload& work) {
   }
 }
 
+void read(const norq::OptionParser& parser, const std::string& name, int* out) {
+  parser.get_int_option(name, out);
+}
+void read(const norq::OptionParser& parser, const std::string& name, std::string* out) {
+  parser.get_str_option(name, out);
+}
+void read(const norq::OptionParser& parser, const std::string& name, bool* out) {
+  parser.get_bool_option(name, out);
+}
+void read(const norq::OptionParser& parser, const std::string& name, float* out) {
+  parser.get_float_option(name, out);
+}
+
 double cycle(const Workload& work) {
   norq::OptionParser parser(norq::BOOL_STYLE_NO_PREFIX, false);
   register_options(parser, work);
   std::vector<std::string> rest;
   const auto& argv = work.argv(1);
   parser.parse_args(static_cast<int>(argv.size()) - 1, argv.data(), rest, 0);
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    const OptionSpec& option = work.options[setting.option];
-    int number = 0;
-    float real = 0;
-    bool on = false;
-    std::string text;
-    switch (option.kind) {
-      case Kind::integer:
-        if (parser.get_int_option(option.name, &number)) checksum.add(number);
-        break;
-      case Kind::text:
-        if (parser.get_str_option(option.name, &text)) checksum.add(text);
-        break;
-      case Kind::boolean:
-        if (parser.get_bool_option(option.name, &on)) checksum.add(on);
-        break;
-      case Kind::real:
-        if (parser.get_float_option(option.name, &real)) checksum.add(real);
-        break;
-    }
-  }
-  return checksum.sum;
+  return read_back(work, [&](const Setting& setting, auto value) {
+    read(parser, work.options[setting.option].name, &value);
+    return value;
+  });
 }
 
 std::function<std::size_t()> make_lister(const Workload& work) {
@@ -60,6 +54,17 @@ std::function<std::size_t()> make_lister(const Workload& work) {
 }
 
 const RegisterPeer registered({"norq", cycle, make_lister});
+
+std::function<bool(const std::string&)> make_config_reader(const Workload& work) {
+  auto parser = std::make_shared<norq::OptionParser>(norq::BOOL_STYLE_NO_PREFIX, false);
+  register_options(*parser, work);
+  return [parser](const std::string& path) {
+    parser->parse_config_file(path, 0);
+    return true;
+  };
+}
+
+const RegisterConfigReader registered_reader({"norq", make_config_reader});
 
 }  // namespace
 }  // namespace bench

@@ -39,27 +39,12 @@ double cycle(const Workload& work) {
       poptGetContext(nullptr, static_cast<int>(argv.size()) - 1, argv.data(), table.data(), 0);
   while (poptGetNextOpt(context) > 0) {
   }
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    const Value& value = values[setting.option];
-    switch (work.options[setting.option].kind) {
-      case Kind::integer:
-        checksum.add(value.number);
-        break;
-      case Kind::text:
-        checksum.add(std::string(value.text));
-        break;
-      case Kind::boolean:
-        checksum.add(value.on != 0);
-        break;
-      case Kind::real:
-        checksum.add(value.real);
-        break;
-    }
-  }
+  const double sum = read_back(work, [&](const Setting& setting, auto type) -> decltype(auto) {
+    return member_of(values[setting.option], type);
+  });
   poptFreeContext(context);
   for (const Value& value : values) std::free(value.text);
-  return checksum.sum;
+  return sum;
 }
 
 const RegisterPeer registered({"popt", cycle, nullptr});

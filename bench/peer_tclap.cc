@@ -7,6 +7,15 @@
 namespace bench {
 namespace {
 
+bool value_of(TCLAP::Arg& arg, bool /*type*/) {
+  return static_cast<TCLAP::SwitchArg&>(arg).getValue();
+}
+
+template <class T>
+const T& value_of(TCLAP::Arg& arg, const T& /*type*/) {
+  return static_cast<TCLAP::ValueArg<T>&>(arg).getValue();
+}
+
 double cycle(const Workload& work) {
   TCLAP::CmdLine command("host", '=', "1", false);
   std::vector<std::unique_ptr<TCLAP::Arg>> options;
@@ -32,25 +41,9 @@ double cycle(const Workload& work) {
   }
   const auto& argv = work.argv(2);
   command.parse(static_cast<int>(argv.size()) - 1, argv.data());
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    TCLAP::Arg* const arg = options[setting.option].get();
-    switch (work.options[setting.option].kind) {
-      case Kind::integer:
-        checksum.add(static_cast<TCLAP::ValueArg<int>*>(arg)->getValue());
-        break;
-      case Kind::text:
-        checksum.add(static_cast<TCLAP::ValueArg<std::string>*>(arg)->getValue());
-        break;
-      case Kind::boolean:
-        checksum.add(static_cast<TCLAP::SwitchArg*>(arg)->getValue());
-        break;
-      case Kind::real:
-        checksum.add(static_cast<TCLAP::ValueArg<float>*>(arg)->getValue());
-        break;
-    }
-  }
-  return checksum.sum;
+  return read_back(work, [&](const Setting& setting, auto type) -> decltype(auto) {
+    return value_of(*options[setting.option], type);
+  });
 }
 
 const RegisterPeer registered({"TCLAP", cycle, nullptr});
