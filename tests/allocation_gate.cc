@@ -1,15 +1,16 @@
+// Makes allocations fail where a test asks for it: those by `operator new` anywhere and, by the
+// linker's wrap option, those by `malloc` in what is linked statically.
+
 #include <cstdlib>
 #include <new>
 
-// How many allocations succeed before one fails; after that, and below 0, all succeed. Counts
-// `operator new` everywhere and, by the linker's wrap option, `malloc` in what is linked
-// statically.
-long allocations_left = -1;
+#include "session.h"
 
 // The names are the linker's.
 extern "C" void* __real_malloc(std::size_t size);
 extern "C" void* __wrap_malloc(std::size_t size) {
-  const bool fails = allocations_left >= 0 && allocations_left-- == 0;
+  const bool fails =
+      norq::Starvation::active && norq::Starvation::left >= 0 && norq::Starvation::left-- == 0;
   return fails ? nullptr : __real_malloc(size);
 }
 

@@ -1,10 +1,15 @@
 #include "norq/utils/exception.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdio>
+#include <fstream>
 
-#include "testing.h"
+#include "norq/options/option_parser.h"
 
-static std::vector<std::string> dumped;
+using Strings = std::vector<std::string>;
+
+static Strings dumped;
 
 // This program's own hook. The tests pass only where it is the one that the library calls.
 void norq::Exception::dump_msg_and_raise_assertion() {

@@ -1,27 +1,10 @@
 #include "norq/options/option.h"
 
-#include <cstdlib>
-#include <random>
+#include <gtest/gtest.h>
 
 #include "options/handle_option.h"
-#include "testing.h"
 
 namespace norq {
-
-TEST(Option, FloatsAreWhatTheCLocaleReads) {
-  std::mt19937 random(20261);  // the same numbers in every run
-  for (int i = 0; i < 3000; ++i) {
-    std::string text;
-    for (std::size_t left = 1 + random() % (i % 2 == 0 ? 18 : 40); left-- > 0;) {
-      text += static_cast<char>('0' + random() % 10);
-    }
-    text.insert(random() % text.size(), 1, '.');
-    Option option("o", OPT_FLOAT, "", 0, 1);
-    ASSERT_TRUE(handle_option(option, text, 0)) << text;
-    ASSERT_EQ(option.value.float_value, static_cast<float>(std::strtod(text.c_str(), nullptr)))
-        << text;
-  }
-}
 
 TEST(Option, CopiesShareNothing) {
   Option without_values("o", OPT_ENUM, "", 0, 1);

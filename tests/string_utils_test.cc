@@ -1,6 +1,8 @@
 #include "norq/utils/string_utils.h"
 
-#include "testing.h"
+#include <gtest/gtest.h>
+
+#include <vector>
 
 namespace norq::str {
 
@@ -14,8 +16,9 @@ TEST(StringUtils, SpaceIsSixBytes) {
 
 TEST(StringUtils, IteratorsFillVectorsAndHandlesMayBeEmpty) {
   const std::string text("a=\0=b", 5);
+  const std::vector<std::string> expected = {"a", std::string(1, '\0'), "b"};
   Tokenizer parts = get_tokenizer(text, "=", 0), words = get_tokenizer(text, "=", 1), nothing;
-  EXPECT_EQ(Strings(parts.begin(), parts.end()), (Strings{"a", std::string(1, '\0'), "b"}));
+  EXPECT_EQ(std::vector<std::string>(parts.begin(), parts.end()), expected);
   EXPECT_TRUE(nothing.begin() == nothing.end() && nothing.begin() == TokenIterator());
   EXPECT_TRUE(parts.end() != words.end());
   TokenIterator it = words.begin();

@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Builds the fuzz targets with clang++ and the address and undefined-behaviour sanitizers and runs
+# each for some seconds (60 if not given): `./scripts/fuzz.sh 1200`. As many run at once as there
+# are cores. What they find is written to build/fuzz; their growing corpora stay there as well.
+set -eu
+CDPATH='' cd -- "$(dirname -- "$0")/.."
+seconds=${1:-60}
+. scripts/requirements.sh
+
+has_libfuzzer() {
+  mkdir -p build
+  echo 'extern "C" int LLVMFuzzerTestOneInput(const char*, unsigned long) { return 0; }' |
+    clang++ -fsanitize=fuzzer,address,undefined -x c++ -o build/libfuzzer -
+}
+need_build_tools
+need clang command -v clang++
+need libclang-rt-dev has_libfuzzer
+need libgtest-dev test -e /usr/include/gtest/gtest.h
+install_needs
+
+echo "== Building the fuzz targets in build/fuzz"
+sanitizers=address,undefined
+cmake -S . -B build/fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DNORQ_LIBFUZZER=ON -DNORQ_BUILD_EXAMPLES=OFF \
+  -DCMAKE_CXX_FLAGS="-fsanitize=$sanitizers,fuzzer-no-link -fno-sanitize-recover=all"
+cmake --build build/fuzz --parallel "$(nproc)" \
+  --target fuzz_arguments fuzz_calls fuzz_config fuzz_tables
+
+fuzz() {
+  mkdir -p "corpus/$1"
+  if ! "fuzz/fuzz_$1" "corpus/$1" "../../fuzz/corpus/$1" -dict=../../fuzz/norq.dict \
+    -max_total_time="$seconds" -max_len=2048 -timeout=20 -print_final_stats=1 \
+    -artifact_prefix="$1-" >"$1.log" 2>&1; then
+    tail -n 40 "$1.log"
+    return 1
+  fi
+  echo "$1: $(sed -n 's/^stat::number_of_executed_units: *//p' "$1.log") executions in" \
+    "$seconds seconds, no fault"
+}
+cd build/fuzz
+export seconds
+export -f fuzz
+echo "== Fuzzing"
+printf '%s\n' arguments calls config tables |
+  xargs -n 1 -P "$(nproc)" bash -c 'fuzz "$0"'
