@@ -2,9 +2,6 @@
 // passed on; options "KEY NAME TYPE" up to an empty line; arguments, of which those behind another
 // empty line come with another level.
 
-#include <algorithm>
-
-#include "../tests/session.h"
 #include "fuzz.h"
 #include "slow_option.h"
 
@@ -17,28 +14,26 @@ std::string take(std::vector<SlowOption>& options, int style, bool pass_unknown,
   if (argument[0] != '-' && !plus) return rest->push_back(argument), "";
   const bool no = style == BOOL_STYLE_NO_PREFIX && argument.compare(1, 3, "no_") == 0;
   std::string name = argument.substr(no ? 4 : 1), value;
-  const std::size_t equals = name.find('=');
-  if (equals != std::string::npos) {
-    value = name.substr(equals + 1);
-    name.resize(equals);
+  if (name.find('=') != std::string::npos) {
+    value = name.substr(name.find('=') + 1);
+    name.resize(name.find('='));
   }
-  const auto refusal = [&](const std::string& message) {
-    return message + ": " + name + ", value: " + value + ", command-line: " + argument;
-  };
   const auto option = std::find_if(options.begin(), options.end(),
                                    [&](const SlowOption& o) { return o.name == name; });
-  if (option == options.end())
-    return pass_unknown ? (rest->push_back(argument), "") : refusal("unknown option");
+  const bool known = option != options.end();
+  if (!known && pass_unknown) return rest->push_back(argument), "";
   const bool negated = no || (style == BOOL_STYLE_PLUS_MINUS && !plus);
-  bool fits = option->type == OPT_BOOL || !negated;
-  if (option->type == OPT_BOOL && style == BOOL_STYLE_VALUE) {
+  bool fits = known && (option->type == OPT_BOOL || !negated);
+  if (known && option->type == OPT_BOOL && style == BOOL_STYLE_VALUE) {
     for (char& byte : value)
       byte = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : byte;
-  } else if (option->type == OPT_BOOL) {
+  } else if (known && option->type == OPT_BOOL) {
     fits = value.empty();
     if (fits) value = negated ? "false" : "true";
   }
-  return fits && option->take(value, level) ? "" : refusal("bad option format");
+  if (fits && option->take(value, level)) return "";
+  return std::string(known ? "bad option format" : "unknown option") + ": " + name +
+         ", value: " + value + ", command-line: " + argument;
 }
 
 void check(const Strings& lines) {
@@ -51,34 +46,30 @@ void check(const Strings& lines) {
   for (; i < lines.size() && !lines[i].empty(); ++i) {
     const std::size_t first = lines[i].find(' '), last = lines[i].rfind(' ');
     if (first >= last || options.size() > 20) continue;  // the table does not grow
-    const std::string key = lines[i].substr(0, first);
-    const std::string name = lines[i].substr(first + 1, last - first - 1);
-    const int type = lines[i].back() % 7;
-    const bool added = parser->add_option(key, name, OptionType(type), "");
-    parser->add_enum_value(key, "fast", 7, "");
-    if (added) options.insert(options.begin(), {key, name, type});
+    const SlowOption option = {lines[i].substr(0, first),
+                               lines[i].substr(first + 1, last - first - 1), lines[i].back() % 7};
+    if (parser->add_option(option.key, option.name, OptionType(option.type), ""))
+      options.insert(options.begin(), option);
+    parser->add_enum_value(option.key, "fast", 7, "");
   }
-  std::stable_sort(options.begin(), options.end(), [](const SlowOption& a, const SlowOption& b) {
-    const hsh::hash<std::string> hash;
-    return hash(a.key) % 31 < hash(b.key) % 31;
-  });
+  const auto bucket_of = [](const SlowOption& o) { return hsh::hash<std::string>()(o.key) % 31; };
+  std::stable_sort(options.begin(), options.end(),
+                   [&](const auto& a, const auto& b) { return bucket_of(a) < bucket_of(b); });
 
-  const int levels[] = {1, 0, 2, 1};
   for (std::size_t part = 0; ++i < lines.size(); ++part) {
+    const int level = static_cast<int>(part * 5 % 3);
     std::vector<const char*> argv = {"host"};
     Strings rest, slow_rest;
     std::string refusal;
     for (; i < lines.size() && !lines[i].empty(); ++i) {
       argv.push_back(lines[i].c_str());
       if (refusal.empty())
-        refusal = take(options, style, pass_unknown, lines[i], levels[part % 4], &slow_rest);
+        refusal = take(options, style, pass_unknown, lines[i], level, &slow_rest);
     }
-    require(refusal == refusal_of([&] {
-              parser->parse_args(static_cast<int>(argv.size()), argv.data(), rest,
-                                 levels[part % 4]);
-            }),
+    const auto argc = static_cast<int>(argv.size());
+    require(refusal == refusal_of([&] { parser->parse_args(argc, argv.data(), rest, level); }) &&
+                rest == slow_rest,
             refusal);
-    require(rest == slow_rest, "what remains");
     for (const SlowOption& option : options)
       require(read(parser, option.key) == option.state, option.key + " " + option.state);
   }

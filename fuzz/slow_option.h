@@ -21,28 +21,30 @@ struct SlowOption {
   int level = std::numeric_limits<int>::max();
 
   bool take(const std::string& text, int new_level) {
-    const auto digits = [](const std::string& t) {
+    const auto are_digits = [](const std::string& t) {
       return !t.empty() && t.find_first_not_of("0123456789") == std::string::npos;
     };
+    const bool is_int = type == OPT_UINT || type == OPT_INT;
+    const bool negative = type == OPT_INT && text[0] == '-';
+    std::string digits = text.substr(negative ? 1 : 0);
+    const std::size_t point = digits.find('.');
+    if (type == OPT_FLOAT && point != std::string::npos) digits.erase(point, 1);
     std::ostringstream out;
     out.precision(9);
     if (type == OPT_BOOL && (text == "true" || text == "false")) out << "bool " << (text == "true");
-    const bool negative = type == OPT_INT && text[0] == '-';
-    if ((type == OPT_UINT || type == OPT_INT) && digits(text.substr(negative ? 1 : 0))) {
+    if (is_int && are_digits(digits)) {
       const long long value = std::strtoll(text.c_str(), nullptr, 10);
       out << "int " << std::clamp<long long>(value, -2147483648LL, 2147483647LL);
     }
-    std::string without_point = text;
-    if (text.find('.') != std::string::npos) without_point.erase(text.find('.'), 1);
-    if (type == OPT_FLOAT && digits(without_point))
+    if (type == OPT_FLOAT && are_digits(digits))
       out << "float " << static_cast<float>(std::strtod(text.c_str(), nullptr));
     if (type == OPT_STR) out << "str " << text.c_str();  // up to a NUL byte
     if (type == OPT_ENUM && text == "fast") out << "int 7";
-    const bool flag = type == OPT_FLAG && text.empty();
-    if (out.str().empty() && !flag) return false;
+    const bool is_flag = type == OPT_FLAG && text.empty();
+    if (out.str().empty() && !is_flag) return false;
     if (new_level > level) return true;
     level = new_level;
-    state = out.str() + (flag ? "set" : " set");
+    state = out.str() + (is_flag ? "set" : " set");
     return true;
   }
 };

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <list>
-#include <memory>
-#include <set>
 
-#include "../tests/session.h"
 #include "fuzz.h"
 
 namespace norq {
@@ -13,30 +10,33 @@ namespace norq {
 // The table's rules with lists for chains.
 template <class Key>
 struct SlowTable {
-  std::vector<std::list<Key>> buckets = std::vector<std::list<Key>>(31);
+  std::vector<std::list<Key>> chains = std::vector<std::list<Key>>(31);
   std::size_t count = 0;
 
-  std::list<Key>& chain(const Key& key) { return buckets[hsh::hash<Key>()(key) % buckets.size()]; }
+  std::list<Key>& chain(const Key& key) { return chains[hsh::hash<Key>()(key) % chains.size()]; }
+  bool contains(const Key& key) {
+    return std::count(chain(key).begin(), chain(key).end(), key) == 1;
+  }
   void rehash(std::size_t wanted) {
-    if (wanted <= buckets.size()) return;
-    std::size_t prime = 31;
-    for (const std::size_t next : {73u, 151u, 313u, 643u, 1291u, 2593u}) {
-      if (prime < wanted) prime = next;
-    }
-    std::vector<std::list<Key>> old(prime);
-    old.swap(buckets);
+    if (wanted <= chains.size()) return;
+    const std::size_t primes[] = {73, 151, 313, 643, 1291, 2593};
+    std::vector<std::list<Key>> old(
+        *std::lower_bound(std::begin(primes), std::end(primes), wanted));
+    old.swap(chains);
     for (const std::list<Key>& keys : old) {
       for (const Key& key : keys) chain(key).push_front(key);
     }
   }
-  bool contains(const Key& key) {
-    return std::count(chain(key).begin(), chain(key).end(), key) == 1;
-  }
   bool insert(const Key& key) {
-    if (10 * count > 7 * buckets.size()) rehash(buckets.size() + 1);
+    if (10 * count > 7 * chains.size()) rehash(chains.size() + 1);
     if (contains(key)) return false;
     chain(key).push_front(key);
     return ++count != 0;
+  }
+  bool erase(const Key& key) {
+    if (!contains(key)) return false;
+    chain(key).remove(key);
+    return count-- != 0;
   }
 };
 
@@ -45,51 +45,32 @@ void check(const std::uint8_t* data, std::size_t size, MakeKey make_key) {
   const auto token = std::make_shared<int>();
   hsh::HashMap<Key, std::shared_ptr<int>> table;
   SlowTable<Key> slow;
-  std::set<const void*> blocks;  // all that ever held an element, since the memory was given back
-  std::size_t most = 0;
-  for (std::size_t i = 0; i + 1 < size; i += 2) {
-    const Key key = make_key(data[i] / 8 * 256 + data[i + 1]);
-    switch (data[i] % 8) {
-      case 0:
-      case 1:
-        require(table.insert({key, token}) == slow.insert(key), "insert");
-        break;
-      case 2:
-        slow.insert(key);
-        table[key] = token;
-        break;
-      case 3:
-      case 4:
-        require(table.erase(key) == slow.contains(key), "erase");
-        if (slow.contains(key)) --slow.count;
-        slow.chain(key).remove(key);
-        break;
-      case 5:
-        slow.insert(key);
-        table.try_emplace(key, token);
-        break;
-      case 6:
-        table.rehash(data[i + 1] * 4u);
-        slow.rehash(data[i + 1] * 4u);
-        break;
-      default:
-        if (data[i + 1] % 8 != 0) break;
-        if (data[i] / 8 % 4 == 0) table.discard();
-        if (data[i] / 8 % 4 != 0) table.clear(data[i] / 8 % 4 == 1);
-        if (data[i] / 8 % 4 == 0) blocks.clear(), most = 0;
-        for (std::list<Key>& chain : slow.buckets) chain.clear();
-        slow.count = 0;
+  std::set<const void*> blocks;  // all that held an element since the last discarding
+  std::size_t most = 0;          // elements since then
+  for (; size >= 2; data += 2, size -= 2) {
+    const unsigned call = data[0] % 16, argument = data[1];
+    const Key key = make_key(data[0] / 16 * 256 + data[1]);
+    if (call < 5) require(table.insert({key, token}) == slow.insert(key), "insert");
+    if (call == 5) require(table.try_emplace(key, token) == slow.insert(key), "try_emplace");
+    if (call > 5 && call < 8) slow.insert(key), table[key] = token;
+    if (call > 7 && call < 14) require(table.erase(key) == slow.erase(key), "erase");
+    if (call == 14) slow.rehash(argument * 4), table.rehash(argument * 4);
+    if (call == 15 && argument % 8 < 3) {
+      if (argument % 8 == 2) table.discard(), blocks.clear(), most = 0;
+      if (argument % 8 < 2) table.clear(argument % 8 == 1);
+      for (std::list<Key>& chain : slow.chains) chain.clear();
+      slow.count = 0;
     }
     const auto found = table.find(key);
     require((found != table.end()) == slow.contains(key), "find");
     if (found != table.end()) blocks.insert(&*found);
     most = std::max(most, table.size());
     require(blocks.size() <= most, "a block is used again before a new one");
-    require(table.size() == slow.count && table.bucket_count() == slow.buckets.size(), "counts");
+    require(table.size() == slow.count && table.bucket_count() == slow.chains.size(), "counts");
     require(token.use_count() == static_cast<long>(slow.count) + 1, "each element lives once");
   }
   auto element = table.begin();
-  for (const std::list<Key>& chain : slow.buckets) {
+  for (const std::list<Key>& chain : slow.chains) {
     for (const Key& key : chain) require((element++)->first == key, "order");
   }
   require(element == table.end(), "order");

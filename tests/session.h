@@ -22,8 +22,6 @@ inline void require(bool holds, const std::string& what) {
 // While one lives, allocations are counted down, and the one after the last fails.
 struct Starvation {
   Starvation() { active = true; }
-  Starvation(const Starvation&) = delete;
-  Starvation& operator=(const Starvation&) = delete;
   ~Starvation() { active = false; }
 
   static inline bool active = false;
@@ -31,26 +29,16 @@ struct Starvation {
 };
 
 // A parser. Its members are called under starvation, up to the end of the full expression.
-class Parser {
- public:
+struct Parser : std::shared_ptr<OptionParser> {
   explicit Parser(int style, bool pass_unknown = false)
-      : parser(new OptionParser(OptionBoolStyle(style), pass_unknown)) {}
+      : shared_ptr(new OptionParser(OptionBoolStyle(style), pass_unknown)) {}
 
   struct Call : Starvation {
-    explicit Call(OptionParser* called) : parser(called) {}
     OptionParser* operator->() const { return parser; }
     OptionParser* parser;
   };
-  Call operator->() const { return Call(parser.get()); }
-
- private:
-  std::unique_ptr<OptionParser> parser;
+  Call operator->() const { return {{}, get()}; }
 };
-
-// One option of each kind that the sources treat apart, and what of them is set, in this order:
-// "verbose=true count=3 out=x dump mode=7 ".
-void add_sample_options(const Parser& parser);
-std::string state_of(const Parser& parser);
 
 // What each getter answers, such as "int 3 set".
 std::string read(const Parser& parser, const std::string& key);
@@ -58,15 +46,14 @@ std::string read(const Parser& parser, const std::string& key);
 // The text of the exception that `call` throws, or "".
 std::string refusal_of(const std::function<void()>& call);
 
-std::string help_of(const Parser& parser, int order, int style, const std::string& heading = "");
-
-// Each of the following returns a refusal, on a line of its own, and what is then set and remains.
-std::string parse_args(const Parser& parser, const Strings& arguments, int level);
+// What a file with these bytes leads to: its refusal, less the file's name, on a line of its own,
+// and what is then set.
 std::string parse_file(const Parser& parser, const std::string& bytes, int level);
 
+std::string help_of(const Parser& parser, int order, int style, const std::string& heading = "");
+
 // A parser that is driven by command lines, as in tests/sessions.
-class Session {
- public:
+struct Session {
   // Carries out a command and returns what it prints. What is no command does nothing.
   std::string run(const std::string& line);
 

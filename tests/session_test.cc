@@ -6,19 +6,16 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <regex>
 
 namespace norq {
 
 // Makes visible what an editor would not show.
-std::string escape(const std::string& text) {
-  std::string shown;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool ends_line = text[i] == ' ' && (i + 1 == text.size() || text[i + 1] == '\n');
-    const std::size_t control = std::string("\t\r\v\f").find(text[i]);
-    if (control != std::string::npos) shown += {'\\', "trvf"[control]};
-    if (control == std::string::npos) shown += ends_line ? "\\s" : std::string(1, text[i]);
-  }
-  return shown;
+std::string escape(std::string text) {
+  for (const auto& [raw, shown] :
+       {std::pair(" (?=\n)", "\\s"), {"\t", "\\t"}, {"\r", "\\r"}, {"\v", "\\v"}, {"\f", "\\f"}})
+    text = std::regex_replace(text, std::regex(raw), shown);
+  return text;
 }
 
 // Runs a command again and again, each time with one more allocation that succeeds, until none
