@@ -1,6 +1,8 @@
 #include "norq/options/option_parser.h"
 
 #include <memory>
+#include <new>
+#include <type_traits>
 #include <utility>
 
 #include "options/handle_option.h"
@@ -111,7 +113,9 @@ Option* OptionParser::get_option(const std::string& key) noexcept {
 }
 
 const std::string& OptionParser::get_option_help(const std::string& key) const noexcept {
-  static const std::string none;
+  // Never destroyed, for it lies in storage of its own: what runs at exit may still ask.
+  static std::aligned_storage_t<sizeof(std::string), alignof(std::string)> storage;
+  static const std::string& none = *::new (&storage) std::string;
   const Option* const option = find_option(key);
   return option == nullptr ? none : option->help;
 }
