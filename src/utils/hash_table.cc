@@ -1,13 +1,14 @@
 #include "norq/utils/hash_table.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace norq::hsh {
 
 namespace {
 
-constexpr std::uint64_t primes[] = {
+constexpr std::array<std::uint64_t, 28> primes = {
     31,       73,        151,       313,       643,        1291,       2593,
     5233,     10501,     21013,     42073,     84181,      168451,     337219,
     674701,   1349473,   2699299,   5398891,   10798093,   21596719,   43193641,
@@ -17,15 +18,16 @@ constexpr std::uint64_t primes[] = {
 }  // namespace
 
 std::size_t bucket_count_for(std::size_t wanted) noexcept {
-  const std::uint64_t* const last = std::end(primes) - 1;
-  return static_cast<std::size_t>(*std::lower_bound(std::begin(primes), last, wanted));
+  return static_cast<std::size_t>(
+      *std::lower_bound(primes.begin(), std::prev(primes.end()), wanted));
 }
 
 std::uint64_t hash<std::string>::operator()(const std::string& key) const noexcept {
+  constexpr std::uint64_t factor = 5;
   std::uint64_t h = 0;
   for (const char byte : key) {
     if (byte == '\0') break;
-    h = h * 5 +
+    h = h * factor +
         static_cast<std::uint64_t>(static_cast<std::int64_t>(static_cast<signed char>(byte)));
   }
   return h;

@@ -233,11 +233,11 @@ class Hashtable {
   /// A node of a chain.
   struct Bucket {
     template <class... Arguments>
-    explicit Bucket(std::uint64_t key_hash, Arguments&&... arguments)
-        : hash(key_hash), value(std::forward<Arguments>(arguments)...) {}
+    explicit Bucket(std::uint64_t hash_of_key, Arguments&&... arguments)
+        : key_hash(hash_of_key), value(std::forward<Arguments>(arguments)...) {}
 
     Bucket* next = nullptr;
-    std::uint64_t hash;  // of the key, so that neither growth nor a walk along a chain reads keys
+    std::uint64_t key_hash;  // so that neither growth nor a walk along a chain reads keys
     Value value;
   };
 
@@ -307,7 +307,7 @@ class Hashtable {
   /// compared in these widths on purpose: they fix the growth points.)
   bool grows_next() const noexcept {
     const float load = static_cast<float>(count) / static_cast<float>(buckets.size());
-    return static_cast<double>(load) > 0.7;
+    return static_cast<double>(load) > max_load;
   }
 
   /// From the head of the first chain that is not empty to the end of the last. `begin` takes time
@@ -360,7 +360,7 @@ class Hashtable {
   /// finds each of them outside the cache.
   void discard() noexcept {
     if (!pool.free_all()) return free_nodes();
-    for (Bucket*& chain : buckets) chain = nullptr;
+    buckets.assign(buckets.size(), nullptr);
     count = 0;
   }
 
@@ -372,7 +372,7 @@ class Hashtable {
     for (Bucket* node : old) {
       while (node != nullptr) {
         Bucket* const successor = node->next;
-        link(node, bucket_of(node->hash));
+        prepend(node, bucket_of(node->key_hash));
         node = successor;
       }
     }
@@ -388,14 +388,14 @@ class Hashtable {
   bool do_emplace(const Key& key, std::size_t* bucket_out, Bucket** node_out,
                   Arguments&&... arguments) {
     if (grows_next()) rehash(buckets.size() + 1);
-    const std::uint64_t hash = Hash()(key);
-    const std::size_t bucket = bucket_of(hash);
+    const std::uint64_t key_hash = Hash()(key);
+    const std::size_t bucket = bucket_of(key_hash);
     if (bucket_out != nullptr) *bucket_out = bucket;
-    Bucket* node = *walk(&buckets[bucket], hash, key);
+    Bucket* node = *walk(&buckets[bucket], key_hash, key);
     const bool absent = node == nullptr;
     if (absent) {
-      node = pool.create(hash, std::forward<Arguments>(arguments)...);
-      link(node, bucket);
+      prepend(pool.create(key_hash, std::forward<Arguments>(arguments)...), bucket);
+      node = buckets[bucket];
       ++count;
     }
     if (node_out != nullptr) *node_out = node;
@@ -403,25 +403,34 @@ class Hashtable {
   }
 
  private:
-  std::size_t bucket_of(std::uint64_t hash) const noexcept {
-    return static_cast<std::size_t>(hash % buckets.size());
+  // Up to this load a search passes less than one node of another key on the average.
+  static constexpr double max_load = 0.7;
+
+  // The options of a small program fit the first chunk. Doubling keeps the calls of malloc few, the
+  // limit bounds what a large table has to spare.
+  static constexpr std::size_t first_chunk = 16;
+  static constexpr float chunk_growth = 2;
+  static constexpr std::size_t largest_chunk = 8192;
+
+  std::size_t bucket_of(std::uint64_t key_hash) const noexcept {
+    return static_cast<std::size_t>(key_hash % buckets.size());
   }
 
-  void link(Bucket* node, std::size_t bucket) noexcept {
+  void prepend(Bucket* node, std::size_t bucket) noexcept {
     node->next = buckets[bucket];
     buckets[bucket] = node;
   }
 
   // The link that holds the node with this key, or the null at the end of its chain.
   Bucket** find_link(const Key& key) noexcept {
-    const std::uint64_t hash = Hash()(key);
-    return walk(&buckets[bucket_of(hash)], hash, key);
+    const std::uint64_t key_hash = Hash()(key);
+    return walk(&buckets[bucket_of(key_hash)], key_hash, key);
   }
 
   template <class Link>
-  static Link* walk(Link* link, std::uint64_t hash, const Key& key) noexcept {
+  static Link* walk(Link* link, std::uint64_t key_hash, const Key& key) noexcept {
     const auto is_it = [&](const Bucket& node) {
-      return node.hash == hash && Equal()(GetKey()(node.value), key);
+      return node.key_hash == key_hash && Equal()(GetKey()(node.value), key);
     };
     while (*link != nullptr && !is_it(**link)) link = &(*link)->next;
     return link;
@@ -444,9 +453,9 @@ class Hashtable {
   template <class Iterator>
   Iterator find_as(const Key& key) const noexcept {
     if (count == 0) return end_of<Iterator>();
-    const std::uint64_t hash = Hash()(key);
-    Bucket* const* const chain = &buckets[bucket_of(hash)];
-    Bucket* const node = *walk(chain, hash, key);
+    const std::uint64_t key_hash = Hash()(key);
+    Bucket* const* const chain = &buckets[bucket_of(key_hash)];
+    Bucket* const node = *walk(chain, key_hash, key);
     return node == nullptr ? end_of<Iterator>()
                            : Iterator(chain, buckets.data() + buckets.size(), node);
   }
@@ -463,7 +472,7 @@ class Hashtable {
     count = 0;
   }
 
-  ObjectPool<Bucket, false> pool{16, 2.0f, 8192};
+  ObjectPool<Bucket, false> pool{first_chunk, chunk_growth, largest_chunk};
   std::vector<Bucket*> buckets = std::vector<Bucket*>(bucket_count_for(0));
   std::size_t count = 0;
 };
