@@ -13,6 +13,9 @@
 #include "norq/utils/string_utils.h"
 
 using namespace norq;
+
+namespace {
+
 using Counts = std::map<std::string, int>;
 
 void register_options(OptionParser& options) {
@@ -41,11 +44,13 @@ void register_options(OptionParser& options) {
 }
 
 void count_words(std::istream& in, const std::string& file_name, bool fold_case, Counts* counts) {
-  const auto is_punctuation = [](char c) { return std::ispunct(static_cast<unsigned char>(c)); };
+  const auto is_punctuation = [](char byte) {
+    return std::ispunct(static_cast<unsigned char>(byte));
+  };
   for (std::string text; in >> text;) {
     std::string word = str::strip(text, is_punctuation);
-    const auto lower = [](char c) {
-      return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    const auto lower = [](char byte) {
+      return static_cast<char>(std::tolower(static_cast<unsigned char>(byte)));
     };
     if (fold_case) std::transform(word.begin(), word.end(), word.begin(), lower);
     if (!word.empty()) ++(*counts)[word];
@@ -83,12 +88,13 @@ void print_words(const OptionParser& options, const Counts& counts) {
   auto entry = words.begin() + begin;
   const auto end = entry + std::min(top, size - begin);
   if (by_word != 0) std::sort(entry, end);
+  constexpr int width = 6;  // of a column of numbers
   std::cout << std::fixed << std::setprecision(1);
   for (; entry != end; ++entry) {
     const auto& [word, count] = *entry;
     const double percent = 100 * count / total;
     if (percent < static_cast<double>(min_percent)) continue;
-    std::cout << std::setw(6) << count << std::setw(6) << percent << "% " << word << '\n';
+    std::cout << std::setw(width) << count << std::setw(width) << percent << "% " << word << '\n';
   }
 }
 
@@ -119,6 +125,8 @@ void run(int argc, char** argv) {
   for (const auto& [word, count] : left_out) counts.erase(word);
   print_words(options, counts);
 }
+
+}  // namespace
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);  // a synchronised standard input takes errors for its end
