@@ -62,17 +62,15 @@ class NameIndex {
 };
 
 // The same in every locale, unlike tolower.
-void lower_case(std::string* text) {
-  for (char& byte : *text) {
-    if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
-  }
+char lower_case(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
 // Turns the value of a boolean's argument into what its conversion takes; false if the argument has
 // a value where the style wants none, or none where it wants one.
 bool complete_bool_value(OptionBoolStyle style, bool negated, std::string* value) {
   if (style == BOOL_STYLE_VALUE) {
-    lower_case(value);
+    std::transform(value->begin(), value->end(), value->begin(), lower_case);
     return !value->empty();
   }
   if (!value->empty()) return false;

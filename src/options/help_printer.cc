@@ -76,11 +76,12 @@ struct Columns {
 };
 
 constexpr std::size_t page_width = 80;
+constexpr std::size_t indented_column = 10;
 constexpr std::size_t unlimited = std::string_view::npos;
 
 Columns columns_of(OptionPrintStyle style, const std::vector<const Option*>& listed,
                    OptionBoolStyle bool_style) {
-  if (style == PRINT_STYLE_INDENTED) return {10, page_width - 10};
+  if (style == PRINT_STYLE_INDENTED) return {indented_column, page_width - indented_column};
   std::size_t widest_entry = 0;
   for (const Option* option : listed) {
     const Frame frame = frame_of(option->type, bool_style);

@@ -1,6 +1,7 @@
 #include "norq/options/option.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -117,8 +118,8 @@ bool is_digit(char byte) {
 
 // Decimal numbers of so many digits, and the powers of ten up to there, are exact as doubles.
 constexpr std::size_t exact_digits = 15;
-constexpr double powers_of_ten[exact_digits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+constexpr std::array<double, exact_digits + 1> powers_of_ten = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 // Each of these converts a text into the member of `out` that is its kind's, or returns false if
 // the kind refuses the text.

@@ -81,7 +81,7 @@ Size partition(T* a, Size n, Compare& cmp) {
 /// Algorithms", 1997): after `depth` nested partitions (at least 0) a stretch is heap-sorted, so
 /// that it costs O(n log n) at the worst. At most `depth` + 1 calls are nested.
 template <class T, class Size, class Compare>
-void do_sort(T* first, Size n, Compare cmp, int depth) {
+void do_sort(T* first, Size n, Compare cmp, int depth) {  // NOLINT(misc-no-recursion): see above
   while (n >= small_range) {
     if (depth == 0) {
       sortimpl::heap_sort(first, n, cmp);
@@ -96,7 +96,7 @@ void do_sort(T* first, Size n, Compare cmp, int depth) {
 }
 
 template <class T, class Compare>
-void selection_sort(T* first, T* last, Compare& cmp) {
+void selection_sort(T* first, const T* last, Compare& cmp) {
   using std::swap;
   for (; last - first > 1; ++first) {
     T* smallest = first;
@@ -108,7 +108,7 @@ void selection_sort(T* first, T* last, Compare& cmp) {
 }
 
 template <class T, class Compare>
-void insertion_sort(T* first, T* last, Compare& cmp) {
+void insertion_sort(T* first, const T* last, Compare& cmp) {
   for (T* next = first + 1; next < last; ++next) {
     T x = std::move(*next);
     T* hole = next;
