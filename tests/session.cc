@@ -47,7 +47,7 @@ std::string help_of(const Parser& parser, int order, int style, const std::strin
     int sync() override { return ++flushes, 0; }
     int flushes = 0;
   } buffer;
-  buffer.str(std::string(1u << 16, ' '));  // so that only the listing itself allocates
+  buffer.str(std::string(1u << 13, ' '));  // so that only the listing itself allocates
   std::ostream out(&buffer);
   parser->print_help(out, heading, OptionPrintOrder(order), OptionPrintStyle(style));
   require(buffer.flushes == 1, "a listing is flushed once");
