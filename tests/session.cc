@@ -13,6 +13,7 @@ namespace norq {
 
 std::string read(const Parser& parser, const std::string& key) {
   std::ostringstream out;
+  out.imbue(std::locale::classic());
   out.precision(9);  // tells any two floats apart
   bool on;
   int code;
@@ -186,6 +187,8 @@ std::string Session::run(const std::string& line) {
   if (command == "set") return refusal_of([&] { p->parse_option(key, w[2], number(w[3])); }) + "\n";
   if (command == "args") return parse_args(p, given, number(key)) + "\n";
   if (command == "file") return parse_file(p, w[2], number(key)) + "\n";
+  if (command == "path")
+    return outcome_of(p, [&] { p->parse_config_file(w[2], number(key)); }) + "\n";
   if (command == "help") return help_of(p, number(key), number(w[2]), w[3]);
   if (command == "strip") {
     return str::strip<str::IsSpace>(key) + "|" + str::lstrip<str::IsSpace>(key) + "|" +
