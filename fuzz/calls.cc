@@ -20,7 +20,7 @@ void check(const Strings& lines) {
     const bool done = session.run(line) == "true\n";
     const std::string &command = session.words[0], &key = session.words[1];
     const bool anew = command == "new" || command == "sample";
-    if (anew) style = key == "1" || key == "2" ? key[0] - '0' : 0;
+    if (anew) style = number(key);
     if (anew || command == "reset") present.clear();
     if (command == "sample") present = {"verbose", "count", "out", "dump", "mode"};
     if (command == "add" || command == "add_named")

@@ -50,7 +50,14 @@ void check(const std::uint8_t* data, std::size_t size, MakeKey make_key) {
   for (; size >= 2; data += 2, size -= 2) {
     const unsigned call = data[0] % 16, argument = data[1];
     const Key key = make_key(data[0] / 16 * 256 + data[1]);
-    if (call < 5) require(table.insert({key, token}) == slow.insert(key), "insert");
+    if (call < 4) require(table.insert({key, token}) == slow.insert(key), "insert");
+    if (call == 4) {
+      std::size_t bucket = 0;
+      typename decltype(table)::Bucket* node = nullptr;
+      require(table.do_insert({key, token}, &bucket, &node) == slow.insert(key) &&
+                  &slow.chains[bucket] == &slow.chain(key) && node->value.first == key,
+              "do_insert");
+    }
     if (call == 5) require(table.try_emplace(key, token) == slow.insert(key), "try_emplace");
     if (call > 5 && call < 8) slow.insert(key), table[key] = token;
     if (call > 7 && call < 14) require(table.erase(key) == slow.erase(key), "erase");

@@ -11,6 +11,10 @@
 
 namespace norq {
 
+int number(const std::string& word) {
+  return static_cast<int>(std::strtol(word.c_str(), nullptr, 10) % 100000);
+}
+
 std::string read(const Parser& parser, const std::string& key) {
   std::ostringstream out;
   out.imbue(std::locale::classic());
@@ -58,12 +62,17 @@ std::string help_of(const Parser& parser, int order, int style, const std::strin
 // What is set, with its values. The set of keys that is filled holds one already.
 std::string state_of(const Parser& parser) {
   hsh::HashSet<std::string> keys;
-  keys.insert("*");
-  parser->get_options_set(keys);
+  keys.insert("z");
+  try {
+    parser->get_options_set(keys);
+  } catch (const std::bad_alloc&) {
+    require(keys.size() == 1, "a set that could not be filled is as before");
+    throw;
+  }
   std::string all;
   for (const std::string& key : std::set<std::string>(keys.begin(), keys.end()))
-    all += key == "*" ? "" : key + " " + read(parser, key) + "; ";
-  require(keys.find("*") != keys.end() && all.find("not set") == std::string::npos, all);
+    if (key != "z" || parser->get_flag_option(key)) all += key + " " + read(parser, key) + "; ";
+  require(keys.find("z") != keys.end() && all.find("not set") == std::string::npos, all);
   return all;
 }
 
@@ -95,10 +104,6 @@ std::string unescape(const std::string& word) {
     if (escape == 8) text.append(74, 'w');
   }
   return text;
-}
-
-int number(const std::string& word) {
-  return static_cast<int>(std::strtol(word.c_str(), nullptr, 10) % 100000);
 }
 
 std::string parse_args(const Parser& parser, const Strings& words, int level) {
@@ -137,8 +142,9 @@ std::string tokens_of(const std::string& text, const std::string& delimiters, in
   if (delimiters == "SPACE")
     tokens = str::Tokenizer(std::make_unique<Words>(text, str::IsSpace(), parts));
   std::string walked;
-  require(str::Tokenizer().begin() == str::TokenIterator(), "an empty handle has no tokens");
+  str::Tokenizer empty;
   str::TokenIterator it = tokens.begin();
+  require(empty.begin() == empty.end() && it != empty.end(), "an empty handle has no tokens");
   for (; it != tokens.end(); ++it) walked += *it + "@" + std::to_string(it.pos) + " ";
   require(++it == tokens.end(), "an iterator stays at its end");
   return walked;
@@ -158,8 +164,7 @@ std::string Session::run(const std::string& line) {
   const Parser& p = parser;
   const auto answer = [](bool yes) { return yes ? "true\n" : "false\n"; };
 
-  if (command == "new" || command == "sample")
-    parser = Parser(key == "1" || key == "2" ? number(key) : 0, !w[2].empty());
+  if (command == "new" || command == "sample") parser = Parser(number(key), !w[2].empty());
   if (command == "sample") {
     for (const auto& [name, type] : {std::pair("verbose", OPT_BOOL),
                                      {"count", OPT_INT},
@@ -173,9 +178,12 @@ std::string Session::run(const std::string& line) {
   if (command == "group") p->set_cur_help_group(key);
   if (command == "rename" && p->has_option(key, nullptr)) p->get_option(key)->name = w[2];
   if (command == "regroup" && p->has_option(key, nullptr)) p->get_option(key)->group = number(w[2]);
+  if (command == "mark" && p->has_option(key, nullptr)) p->get_option(key)->is_set = true;
   if (command == "copy" && p->has_option(key, nullptr) && p->has_option(w[2], nullptr)) {
     Option copied;
+    const Option& itself = copied;
     copied = *p->get_option(w[2]);
+    copied = itself;
     *p->get_option(key) = Option(std::move(copied));
   }
   if (command == "add") return answer(p->add_option(key, OptionType(number(w[2])), w[3]));
@@ -191,6 +199,7 @@ std::string Session::run(const std::string& line) {
     return outcome_of(p, [&] { p->parse_config_file(w[2], number(key)); }) + "\n";
   if (command == "help") return help_of(p, number(key), number(w[2]), w[3]);
   if (command == "strip") {
+    const Starvation starvation;
     return str::strip<str::IsSpace>(key) + "|" + str::lstrip<str::IsSpace>(key) + "|" +
            str::rstrip<str::IsSpace>(key) + "|\n";
   }

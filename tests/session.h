@@ -40,6 +40,9 @@ struct Parser : std::shared_ptr<OptionParser> {
   Call operator->() const { return {{}, get()}; }
 };
 
+// The number at the start of a word, cut to five digits.
+int number(const std::string& word);
+
 // What each getter answers, such as "int 3 set".
 std::string read(const Parser& parser, const std::string& key);
 

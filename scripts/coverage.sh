@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Measures how much of include/ and src/ the tests run, shows it file by file, and fails below 98 %
+# of the lines or 95 % of the branches. Branches that exist for exceptions alone do not count.
+# build/coverage/index.html shows each line and branch.
+set -eu
+CDPATH='' cd -- "$(dirname -- "$0")/.."
+. scripts/requirements.sh
+
+has_googletest() { echo '#include <gtest/gtest.h>' | g++ -E -x c++ -; }
+need_build_tools
+need g++ command -v g++
+need libgtest-dev has_googletest
+need gcovr command -v gcovr
+install_needs
+
+echo "== Building the tests in build/coverage"
+# Inlined code would be counted where it was inlined.
+cmake -S . -B build/coverage -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Debug \
+  -DNORQ_BUILD_EXAMPLES=OFF -DCMAKE_CXX_FLAGS="--coverage -O0 -fno-inline"
+find build/coverage -name '*.gcda' -delete  # of other builds
+cmake --build build/coverage --parallel "$(nproc)"
+
+echo "== Running the tests"
+(cd build/coverage && ctest --no-tests=error --output-on-failure --parallel "$(nproc)")
+
+echo "== Coverage"
+gcovr --root . --filter include/ --filter src/ --exclude-throw-branches \
+  --exclude-unreachable-branches --txt build/coverage/lines.txt \
+  --html-details build/coverage/index.html --print-summary \
+  --fail-under-line 98 --fail-under-branch 95 build/coverage && status=0 || status=$?
+cat build/coverage/lines.txt
+exit "$status"
