@@ -1,5 +1,7 @@
 // Plays the commands of standard input under the locale of the environment, whose decimal point it
-// prints first.
+// prints first. A command behind "> " is printed before what it prints. With an argument, each
+// command is run again and again, each time with one more allocation that succeeds, until none
+// fails.
 
 #include <clocale>
 #include <iostream>
@@ -7,10 +9,42 @@
 
 #include "session.h"
 
-int main() {
+namespace norq {
+
+// What failed has changed nothing, or, of a source of settings, only what comes before.
+std::string run_starved(Session& session, const std::string& command) {
+  const std::set<std::string> of_several_steps = {"args", "file", "new", "sample"};
+  const bool whole = of_several_steps.count(command.substr(0, command.find(' '))) == 0;
+  const std::string before = session.view();
+  for (long n = 0;; ++n) {
+    std::string printed;
+    Starvation::left = n;
+    try {
+      printed = session.run(command);
+    } catch (const std::bad_alloc&) {
+      printed = "(std::bad_alloc)";
+    }
+    const bool starved = Starvation::left < 0;
+    Starvation::left = -1;
+    if (!starved) return printed;
+    // As the reason why a line was refused, which may itself be lost.
+    const bool failed = printed.find("(std::bad_alloc)") != std::string::npos ||
+                        printed.find("()") != std::string::npos;
+    require(failed, command + " notices allocation " + std::to_string(n));
+    require(!whole || session.view() == before, command + " undone at " + std::to_string(n));
+  }
+}
+
+}  // namespace norq
+
+int main(int argc, char** /*argv*/) {
   std::ios::sync_with_stdio(false);
   std::locale::global(std::locale(""));
   std::cout << std::localeconv()->decimal_point << '\n';
   norq::Session session;
-  for (std::string line; std::getline(std::cin, line);) std::cout << session.run(line);
+  for (std::string line; std::getline(std::cin, line);) {
+    if (line.rfind("> ", 0) == 0) std::cout << line << '\n';
+    if (line.rfind("> ", 0) == 0) line.erase(0, 2);
+    std::cout << (argc > 1 ? run_starved(session, line) : session.run(line));
+  }
 }
