@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
     inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
   }
   std::mt19937 random(2027);
-  for (unsigned i = 0; i < 1000; ++i) {
+  for (unsigned i = 0; i < 500; ++i) {
     inputs.emplace_back(random() % 400, '\0');
     for (char& byte : inputs.back()) byte = static_cast<char>(random() % (i % 2 == 0 ? 40 : 256));
   }

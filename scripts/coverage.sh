@@ -10,6 +10,7 @@ has_googletest() { echo '#include <gtest/gtest.h>' | g++ -E -x c++ -; }
 need_build_tools
 need g++ command -v g++
 need libgtest-dev has_googletest
+need pkgconf command -v pkg-config
 need gcovr command -v gcovr
 install_needs
 

@@ -8,6 +8,7 @@ CDPATH='' cd -- "$(dirname -- "$0")/.."
 has_googletest() { echo '#include <gtest/gtest.h>' | "${CXX:-c++}" -E -x c++ -; }
 need_build_tools
 need libgtest-dev has_googletest
+need pkgconf command -v pkg-config
 # g++ brings the sanitizers' run-time library, clang++ does not.
 lacks_sanitizers() {
   mkdir -p build

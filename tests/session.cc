@@ -70,9 +70,12 @@ std::string state_of(const Parser& parser) {
     throw;
   }
   std::string all;
-  for (const std::string& key : std::set<std::string>(keys.begin(), keys.end()))
-    if (key != "z" || parser->get_flag_option(key)) all += key + " " + read(parser, key) + "; ";
-  require(keys.find("z") != keys.end() && all.find("not set") == std::string::npos, all);
+  for (const std::string& key : std::set<std::string>(keys.begin(), keys.end())) {
+    const bool is_set = parser->get_flag_option(key);
+    require(is_set || key == "z", key + " is set");
+    if (is_set) all += key + " " + read(parser, key) + "; ";
+  }
+  require(keys.find("z") != keys.end(), "a set of keys keeps what it holds");
   return all;
 }
 

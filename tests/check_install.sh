@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# Installs norq, moves what was installed to another place, and builds a program with it in each of
+# the ways that there are: find_package, pkg-config, add_subdirectory, FetchContent.
+# Usage: check_install.sh SOURCE_FOLDER static|shared
+set -eu
+source=$1
+shared=$([ "$2" = shared ] && echo ON || echo OFF)
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
+
+configure() { cmake -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS="$shared" "$@" >log 2>&1 || fail; }
+build() { cmake --build "$1" >log 2>&1 || fail; }
+fail() {
+  cat log
+  exit 1
+}
+printf '%s\n' 'hook: unknown option' 'unknown option: other, value: , command-line: -other' '3 1' \
+  >expected
+# try WAY PROGRAM
+try() {
+  "$2" | diff expected - || exit 1
+  echo "ok: $1, $shared"
+}
+
+configure -S "$source" -B build -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
+build build
+cmake --install build --prefix "$folder/first" >log || fail
+mv first moved
+(cd moved && find . -type f -o -type l) | sed 's/x86_64[^/]*\///' | sort >installed
+for file in ./include/norq/options/option_parser.h ./share/doc/norq/LICENSE; do
+  grep -qx "$file" installed || { echo "not installed: $file" && exit 1; }
+done
+if grep -rI "$folder" moved; then
+  echo "names the place where it was made"
+  exit 1
+fi
+
+configure -S "$source/tests/consumer" -B find -DNORQ_BY=find -DCMAKE_PREFIX_PATH="$folder/moved"
+build find
+try "find_package" find/consumer
+sed 's/norq 1.0 REQUIRED/norq 2.0 REQUIRED/' "$source/tests/consumer/CMakeLists.txt" >CMakeLists.txt
+cp "$source/tests/consumer/consumer.cc" .
+if cmake -S . -B newer -DNORQ_BY=find -DCMAKE_PREFIX_PATH="$folder/moved" >log 2>&1; then
+  echo "passes for a version 2.0"
+  exit 1
+fi
+
+PKG_CONFIG_PATH=$(dirname "$(find "$folder/moved" -name norq.pc)")
+export PKG_CONFIG_PATH
+# The words that it prints are meant to be split.
+# shellcheck disable=SC2046
+"${CXX:-c++}" -std=c++17 "$source/tests/consumer/consumer.cc" $(pkg-config --cflags --libs norq) \
+  -Wl,-rpath,"$(pkg-config --variable=libdir norq)" -o by_pkg_config
+try "pkg-config" ./by_pkg_config
+
+configure -S "$source/tests/consumer" -B sub -DNORQ_BY=subdirectory -DNORQ_SOURCE="$source"
+build sub
+try "add_subdirectory" sub/consumer
+(cd "$source" && tar --exclude=./build --exclude=./.git -czf "$folder/norq.tar.gz" .)
+configure -S "$source/tests/consumer" -B fetch -DNORQ_BY=fetch -DNORQ_SOURCE="$folder/norq.tar.gz"
+build fetch
+try "FetchContent" fetch/consumer
+
+for way in sub fetch; do
+  targets=$(cmake --build "$way" --target help | sed -n 's/^\.\.\. //p' | grep -v '\.\(i\|s\|o\)$' |
+    grep -vx 'all.*\|clean\|depend\|edit_cache\|rebuild_cache\|consumer\|norq\|install.*\|list.*' || true)
+  [ -z "$targets" ] || { echo "brings targets of its own: $targets" && exit 1; }
+done
+
+if [ "$shared" = ON ]; then
+  library=$(find moved -name 'libnorq.so.1.*')
+  objdump -p "$library" | grep -q 'SONAME *libnorq.so.1$' || { echo "no soname" && exit 1; }
+  nm -DC --defined-only "$library" | cut -c 20- | grep -v '^norq::[EOhs]' |
+    grep -v '^\(typeinfo\|typeinfo name\|vtable\) for norq::' >not_public || true
+  [ ! -s not_public ] || { echo "exports what is not public:" && cat not_public && exit 1; }
+  echo "ok: soname and symbols"
+fi
