@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <map>
 
 #include "session.h"
 
@@ -45,9 +44,9 @@ TEST(HashTable, PoolsCarveGrowingChunksAndReuseTheLastFreed) {
   EXPECT_THROW(unlimited.allocate(), std::bad_alloc);
 }
 
-TEST(HashTable, AFailedAllocationLeavesTheElements) {
+TEST(HashTable, AFailedAllocationLeavesElementsAndOrder) {
   using Map = HashMap<std::string, std::string>;
-  using Contents = std::map<std::string, std::string>;
+  using Contents = std::vector<std::pair<std::string, std::string>>;
   const std::string text(100, 'x');
   const std::vector<std::function<void(Map&)>> calls = {
       [&](Map& m) { m[text]; },

@@ -214,7 +214,8 @@ std::string Session::run(const std::string& line) {
 }
 
 std::string Session::view() const {
-  std::string all = help_of(parser, PRINT_ORDER_INDEX, PRINT_STYLE_TAB) + state_of(parser);
+  // An order that is none shows the options as they lie in the table.
+  std::string all = help_of(parser, -1, PRINT_STYLE_TAB) + state_of(parser);
   for (const std::string& key : keys) {
     if (parser->has_option(key, nullptr)) all += show(parser, key) + read(parser, key);
   }

@@ -40,7 +40,7 @@ class StatementReader {
   }
 
   // The number of the last line read, from 1.
-  int line_number() const { return lines_read; }
+  long long line_number() const { return lines_read; }
 
  private:
   // Reads up to the next line feed. A read error ends the file.
@@ -56,10 +56,10 @@ class StatementReader {
 
   std::ifstream file;
   std::string line;
-  int lines_read = 0;
+  long long lines_read = 0;
 };
 
-Exception invalid_line(int line_number, const std::string& file_name) {
+Exception invalid_line(long long line_number, const std::string& file_name) {
   Exception exception("invalid line ", true);
   exception << line_number << " in config file: " << file_name;
   return exception;

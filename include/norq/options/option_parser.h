@@ -60,7 +60,8 @@ class OptionParser {
   OptionParser& operator=(const OptionParser&) = delete;
   ~OptionParser();
 
-  /// Removes all options and help groups; the constructor's two settings stay.
+  /// Removes all options and help groups; the constructor's two settings stay, and the size of the
+  /// tables, from which their iteration order follows.
   void reset() noexcept;
 
   // Registration
@@ -161,7 +162,7 @@ class OptionParser {
   /// next to an entry of 79 bytes or more nothing is filled. A help text "deprecated" is left out.
   /// By group, each group's name stands above it, an empty line above the name; options without a
   /// group come first, under an empty name. Changes no option, but a group number without a name
-  /// gets an empty one.
+  /// gets an empty one. What `out` could not take, for want of memory as well, its state tells.
   void print_help(std::ostream& out, const std::string& heading, OptionPrintOrder order,
                   OptionPrintStyle style);
 

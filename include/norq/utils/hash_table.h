@@ -212,9 +212,9 @@ std::size_t bucket_count_for(std::size_t wanted) noexcept;
 ///   the element linked last. It depends on nothing but the keys and the sequence of calls.
 /// - A new table has 31 buckets. It grows to the next prime on an insertion attempt, even of a key
 ///   that is present, made while its load is above 0.7: at 22, 52, 106, 220, ... elements.
-/// - An insertion that throws leaves the elements as they were (the table may have grown). Only the
-///   constructor, `new_Bucket`, `rehash` and `clear(true)` may throw besides; the latter two leave
-///   the table as it was.
+/// - An insertion that throws leaves the elements and their order as they were. Only the
+///   constructor, `new_Bucket`, `rehash` and `clear(true)` may throw besides, and leave the table
+///   as it was, too.
 /// - Find, insert and erase take constant time on the average, for keys that hash well.
 ///
 /// What the implementation keeps:
@@ -367,18 +367,12 @@ class Hashtable {
   /// Makes the bucket count `bucket_count_for(wanted)`, unless it is `wanted` or more already.
   void rehash(std::size_t wanted) {
     if (buckets.size() >= wanted) return;
-    std::vector<Bucket*> old(bucket_count_for(wanted));
-    buckets.swap(old);
-    for (Bucket* node : old) {
-      while (node != nullptr) {
-        Bucket* const successor = node->next;
-        prepend(node, bucket_of(node->key_hash));
-        node = successor;
-      }
-    }
+    std::vector<Bucket*> grown(bucket_count_for(wanted));
+    relink(&grown);
   }
 
-  /// A node of this table's pool that holds a copy of `value` and is in no chain yet.
+  /// A node of this table's pool that holds a copy of `value` and is in no chain yet. Nothing but
+  /// `discard` destroys it.
   Bucket* new_Bucket(const Value& value) { return pool.create(Hash()(GetKey()(value)), value); }
 
  protected:
@@ -387,17 +381,20 @@ class Hashtable {
   template <class... Arguments>
   bool do_emplace(const Key& key, std::size_t* bucket_out, Bucket** node_out,
                   Arguments&&... arguments) {
-    if (grows_next()) rehash(buckets.size() + 1);
+    std::vector<Bucket*> grown(grows_next() ? bucket_count_for(buckets.size() + 1) : 0);
     const std::uint64_t key_hash = Hash()(key);
-    const std::size_t bucket = bucket_of(key_hash);
-    if (bucket_out != nullptr) *bucket_out = bucket;
-    Bucket* node = *walk(&buckets[bucket], key_hash, key);
+    Bucket* node = *walk(&buckets[bucket_of(key_hash)], key_hash, key);
     const bool absent = node == nullptr;
+    if (absent) node = pool.create(key_hash, std::forward<Arguments>(arguments)...);
+
+    // From here on nothing throws.
+    if (!grown.empty()) relink(&grown);
+    const std::size_t bucket = bucket_of(key_hash);
     if (absent) {
-      prepend(pool.create(key_hash, std::forward<Arguments>(arguments)...), bucket);
-      node = buckets[bucket];
+      prepend(node, bucket);
       ++count;
     }
+    if (bucket_out != nullptr) *bucket_out = bucket;
     if (node_out != nullptr) *node_out = node;
     return absent;
   }
@@ -414,6 +411,19 @@ class Hashtable {
 
   std::size_t bucket_of(std::uint64_t key_hash) const noexcept {
     return static_cast<std::size_t>(key_hash % buckets.size());
+  }
+
+  // Moves all nodes to the chains of a new bucket array, in the order in which the old ones have
+  // them. What is left behind is the old array.
+  void relink(std::vector<Bucket*>* fresh) noexcept {
+    buckets.swap(*fresh);
+    for (Bucket* node : *fresh) {
+      while (node != nullptr) {
+        Bucket* const successor = node->next;
+        prepend(node, bucket_of(node->key_hash));
+        node = successor;
+      }
+    }
   }
 
   void prepend(Bucket* node, std::size_t bucket) noexcept {

@@ -1,0 +1,38 @@
+// levels: settings from the command line and from any number of files, and which of them count.
+// Usage: levels [options] [file ...]
+#include <algorithm>
+#include <iostream>
+
+#include "norq/options/option_parser.h"
+
+static void run(int argc, char** argv) {
+  norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
+  options.add_option("colour", norq::OPT_STR, "");
+  options.add_option("width", norq::OPT_UINT, "");
+  options.add_option("verbose", norq::OPT_BOOL, "");
+
+  // The smallest level is the strongest, in whichever order the sources are read: the command line
+  // first, then the files as they are named, then a call.
+  std::vector<std::string> files;
+  options.parse_args(argc, argv, files, 0);
+  int level = 1;
+  for (const std::string& file : files) options.parse_config_file(file, level++);
+  options.parse_option("width", "80", level);
+
+  norq::hsh::HashSet<std::string> set;
+  options.get_options_set(set);
+  std::vector<std::string> keys(set.begin(), set.end());
+  std::sort(keys.begin(), keys.end());
+  for (const std::string& key : keys)
+    std::cout << key << " was set by the source of level " << options.get_option(key)->level
+              << '\n';
+}
+
+int main(int argc, char** argv) {
+  try {
+    run(argc, argv);
+  } catch (const norq::Exception& refusal) {
+    std::cerr << refusal.what() << '\n';
+    return 2;
+  }
+}

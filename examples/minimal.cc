@@ -1,0 +1,19 @@
+// minimal: the least that a host does: register, parse, read.
+#include <iostream>
+
+#include "norq/options/option_parser.h"
+
+int main(int argc, char** argv) {
+  norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
+  options.add_option("name", norq::OPT_STR, "Whom to greet.");
+  std::vector<std::string> rest;
+  try {
+    options.parse_args(argc, argv, rest, 0);
+  } catch (const norq::Exception& refusal) {
+    std::cerr << refusal.what() << '\n';
+    return 2;
+  }
+  std::string name = "world";  // an option that is not set leaves its variable as it is
+  options.get_str_option("name", &name);
+  std::cout << "Hello, " << name << "!\n";
+}

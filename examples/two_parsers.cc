@@ -1,0 +1,34 @@
+// two_parsers: a program that knows its own options, and hands all others on to a library's parser.
+#include <iostream>
+
+#include "norq/options/option_parser.h"
+
+// Some library's start. It takes the arguments that are its own and leaves the others.
+static std::vector<std::string> start_engine(const std::vector<std::string>& arguments) {
+  norq::OptionParser options(norq::BOOL_STYLE_VALUE, false);
+  options.add_option("engine_threads", norq::OPT_UINT, "");
+  std::vector<const char*> argv = {"engine"};  // where a program's name would stand
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  std::vector<std::string> rest;
+  options.parse_args(static_cast<int>(argv.size()), argv.data(), rest, 0);
+  int threads = 1;
+  options.get_int_option("engine_threads", &threads);
+  std::cout << "engine with " << threads << " threads\n";
+  return rest;
+}
+
+int main(int argc, char** argv) {
+  norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, true);  // unknown ones are handed back
+  options.add_option("quiet", norq::OPT_FLAG, "");
+  std::vector<std::string> rest;
+  try {
+    options.parse_args(argc, argv, rest, 0);
+    rest = start_engine(rest);
+  } catch (const norq::Exception& refusal) {
+    std::cerr << refusal.what() << '\n';
+    return 2;
+  }
+  if (!options.get_flag_option("quiet")) {
+    for (const std::string& argument : rest) std::cout << "file " << argument << '\n';
+  }
+}
