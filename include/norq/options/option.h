@@ -43,13 +43,17 @@ class Option {
   Option(const std::string& option_name, OptionType option_type, const std::string& help_text,
          int help_group, int ordinal);
 
+  ///@{
   /// A copy shares nothing with its source. A record moved from is a placeholder.
   Option(const Option& other);
   Option(Option&& other) noexcept;
+  ///@}
 
+  ///@{
   /// Both leave the target as it was if they throw (`std::bad_alloc`), and on self-assignment.
   Option& operator=(const Option& other);
   Option& operator=(Option&& other) noexcept;
+  ///@}
 
   ~Option();
 
@@ -58,13 +62,13 @@ class Option {
   /// throws `std::bad_alloc`.
   void copy_from(const Option& other);
 
-  std::string name;  ///< the command line finds the option by it; help lists it
-  OptionType type = OPT_UINT;
-  std::string help;     ///< exactly "deprecated": listed without a help text
-  int group = 0;        ///< number of the help group, 0 for none
-  bool is_set = false;  ///< whether a value has been stored
-  int index = 0;        ///< 1 for the first option registered with a parser, then 2, ...
-  int level = 0;        ///< the level that came with the value last stored
+  std::string name;            ///< the command line finds the option by it; help lists it
+  OptionType type = OPT_UINT;  ///< the kind: what values it takes, and which of `value` counts
+  std::string help;            ///< exactly "deprecated": listed without a help text
+  int group = 0;               ///< number of the help group, 0 for none
+  bool is_set = false;         ///< whether a value has been stored
+  int index = 0;               ///< 1 for the first option registered with a parser, then 2, ...
+  int level = 0;               ///< the level that came with the value last stored
 
   std::unique_ptr<EnumValues> enum_values;  ///< OPT_ENUM: null until a value name is registered
   Value value = {nullptr};                  ///< zero while not set

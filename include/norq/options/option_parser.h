@@ -9,6 +9,8 @@
 #include "norq/utils/exception.h"
 #include "norq/utils/hash_table.h"
 
+/// The options of command-line programs. A host needs `OptionParser`; what it is built on may be
+/// used alone.
 namespace norq {
 
 /// How boolean options are written on the command line.
@@ -140,13 +142,16 @@ class OptionParser {
   /// Adds to `out` the keys of all options that are set. If it throws, `out` holds what it held.
   void get_options_set(hsh::HashSet<std::string>& out) const;
 
-  /// Each of these writes the value of `key` through `out`. They return false, and write nothing,
-  /// if `key` is not registered, not set, or of a type that the member does not serve.
+  ///@{
+  /// Each of these writes the value of `key` through `out`. `get_bool_option` serves OPT_BOOL,
+  /// `get_int_option` OPT_UINT, OPT_INT and the codes of OPT_ENUM, `get_float_option` OPT_FLOAT,
+  /// `get_str_option` OPT_STR up to a NUL byte. They return false, and write nothing, if `key` is
+  /// not registered, not set, or of a type that the member does not serve.
   bool get_bool_option(const std::string& key, bool* out) const noexcept;
-  /// Serves OPT_UINT, OPT_INT and OPT_ENUM.
   bool get_int_option(const std::string& key, int* out) const noexcept;
   bool get_float_option(const std::string& key, float* out) const noexcept;
-  bool get_str_option(const std::string& key, std::string* out) const;  ///< up to a NUL byte
+  bool get_str_option(const std::string& key, std::string* out) const;
+  ///@}
 
   /// Whether `key` is registered and set, whatever its type.
   bool get_flag_option(const std::string& key) const noexcept;
@@ -154,7 +159,8 @@ class OptionParser {
   // Help
 
   /// Writes `heading` and a line feed, unless it is empty, and then all options to `out`, and
-  /// flushes it. Costs O(n log n) comparisons for n options.
+  /// flushes it; whether all was written is in the state of `out`. Costs O(n log n) comparisons for
+  /// n options.
   ///
   /// An option's entry is its name with a mark of its kind; its help text follows, that of an
   /// OPT_ENUM with the list of its values. Unless the style is PRINT_STYLE_TAB, lines are cut at
@@ -190,7 +196,7 @@ class OptionParser::error : public Exception {
   /// Calls the diagnostic hook with `message` alone, then completes the text. Copies its arguments.
   error(const std::string& message, const std::string& option_name, const std::string& value_text,
         const std::string& argument);
-  error(const error&) = default;
+  error(const error&) = default;  ///< does not call the hook again
   error& operator=(const error&) = delete;
   ~error() override;
 

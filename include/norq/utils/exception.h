@@ -16,8 +16,14 @@ namespace norq {
 ///
 ///     throw Exception("unable to open file: ", true) << file_name;
 ///
-/// Its symbols are visible even in a host that hides its own: a hook that the host defines must be
-/// seen by a shared norq.
+/// The private member `dump_msg_and_raise_assertion` is the diagnostic hook, called once for each
+/// exception made with the flag and never for a copy. The library's own does nothing; a host may
+/// define this member itself, to print a stack trace or to stop in a debugger, and its definition
+/// is then the one linked. `what()` tells it the first words of the message. It must not throw;
+/// when it returns, the exception is thrown.
+///
+/// The class's symbols are visible even in a host that hides its own: a hook that the host defines
+/// must be seen by a shared norq.
 class [[gnu::visibility("default")]] Exception : public std::exception {
  public:
   /// Starts the message with `text`. If `raise` is true, calls `dump_msg_and_raise_assertion` as
@@ -44,10 +50,7 @@ class [[gnu::visibility("default")]] Exception : public std::exception {
   const char* what() const noexcept override;
 
  private:
-  /// The diagnostic hook, called once for each exception made with the flag and never for a copy.
-  /// The library's own does nothing; a host may define this member itself, to print a stack trace
-  /// or to stop in a debugger, and its definition is then the one linked. `what()` tells it the
-  /// first words of the message. It must not throw; when it returns, the exception is thrown.
+  /// The diagnostic hook.
   void dump_msg_and_raise_assertion();
 
   std::ostringstream msg;

@@ -164,6 +164,7 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
   }
 };
 
+/// Hash tables whose iteration order and growth are part of the contract.
 namespace hsh {
 
 /// The hash functions of the tables. They are part of the contract: iteration order follows from
@@ -171,16 +172,18 @@ namespace hsh {
 template <class Key>
 struct hash;
 
-/// h = 5 h + b for each byte b, read as a signed 8-bit number, up to the first NUL byte; modulo
-/// 2^64. Quick, and good enough for names; someone who chooses the keys can make them collide.
+/// Quick, and good enough for names; someone who chooses the keys can make them collide.
 template <>
 struct hash<std::string> {
+  /// h = 5 h + b for each byte b, read as a signed 8-bit number, up to the first NUL byte; modulo
+  /// 2^64.
   std::uint64_t operator()(const std::string& key) const noexcept;
 };
 
-/// The int itself, widened with its sign.
+/// Spreads consecutive numbers over consecutive buckets.
 template <>
 struct hash<int> {
+  /// The int itself, widened with its sign.
   std::uint64_t operator()(int key) const noexcept {
     return static_cast<std::uint64_t>(static_cast<std::int64_t>(key));
   }
@@ -189,12 +192,14 @@ struct hash<int> {
 /// Extracts the key of a map's element.
 template <class Key, class T>
 struct GetKey_pair {
+  /// The first member.
   const Key& operator()(const std::pair<Key, T>& value) const noexcept { return value.first; }
 };
 
-/// Extracts the key of a set's element: the element.
+/// Extracts the key of a set's element.
 template <class Key>
 struct GetKey_identity {
+  /// The element itself.
   const Key& operator()(const Key& value) const noexcept { return value; }
 };
 
@@ -232,13 +237,14 @@ class Hashtable {
  public:
   /// A node of a chain.
   struct Bucket {
+    /// Holds the value that `arguments` make, whose key must hash to `hash_of_key`.
     template <class... Arguments>
     explicit Bucket(std::uint64_t hash_of_key, Arguments&&... arguments)
         : key_hash(hash_of_key), value(std::forward<Arguments>(arguments)...) {}
 
-    Bucket* next = nullptr;
-    std::uint64_t key_hash;  // so that neither growth nor a walk along a chain reads keys
-    Value value;
+    Bucket* next = nullptr;  ///< null at the end of the chain
+    std::uint64_t key_hash;  ///< so that neither growth nor a walk along a chain reads keys
+    Value value;             ///< the element
   };
 
   /// A forward iterator. For a map, only the second member of what it refers to may be changed; of
@@ -246,17 +252,25 @@ class Hashtable {
   template <bool is_const>
   class BasicIterator {
    public:
+    ///@{
+    /// What `std::iterator_traits` reads.
     using iterator_category = std::forward_iterator_tag;
     using value_type = Value;
     using difference_type = std::ptrdiff_t;
     using reference = std::conditional_t<is_const, const Value&, Value&>;
     using pointer = std::conditional_t<is_const, const Value*, Value*>;
+    ///@}
 
     BasicIterator() = default;
+
+    /// A const iterator from one that is not.
     template <bool other_is_const, class = std::enable_if_t<is_const && !other_is_const>>
     BasicIterator(const BasicIterator<other_is_const>& other) noexcept
         : node(other.node), chain(other.chain), last_chain(other.last_chain) {}
 
+    ///@{
+    /// As of every forward iterator: an end is neither dereferenced nor incremented. Two are equal
+    /// if they are at the same element or both at an end.
     reference operator*() const noexcept { return node->value; }
     pointer operator->() const noexcept { return &node->value; }
     BasicIterator& operator++() noexcept {
@@ -275,6 +289,7 @@ class Hashtable {
     friend bool operator!=(const BasicIterator& a, const BasicIterator& b) noexcept {
       return a.node != b.node;
     }
+    ///@}
 
    private:
     friend class Hashtable;
@@ -291,17 +306,23 @@ class Hashtable {
     Bucket* const* chain = nullptr;       // the chain that `node` is in
     Bucket* const* last_chain = nullptr;  // one past the last
   };
+
+  ///@{
+  /// Of a table that is not const, and of one that is.
   using iterator = BasicIterator<false>;
   using const_iterator = BasicIterator<true>;
+  ///@}
 
   Hashtable() = default;
   Hashtable(const Hashtable&) = delete;
   Hashtable& operator=(const Hashtable&) = delete;
   ~Hashtable() { free_nodes(); }
 
+  ///@{
   /// The number of elements, and that of buckets.
   std::size_t size() const noexcept { return count; }
   std::size_t bucket_count() const noexcept { return buckets.size(); }
+  ///@}
 
   /// Whether the next insertion attempt, of whatever key, makes the table grow. (The load is
   /// compared in these widths on purpose: they fix the growth points.)
@@ -310,22 +331,29 @@ class Hashtable {
     return static_cast<double>(load) > max_load;
   }
 
+  ///@{
   /// From the head of the first chain that is not empty to the end of the last. `begin` takes time
   /// in proportion to the empty buckets in front.
   iterator begin() noexcept { return begin_of<iterator>(); }
   iterator end() noexcept { return end_of<iterator>(); }
   const_iterator begin() const noexcept { return begin_of<const_iterator>(); }
   const_iterator end() const noexcept { return end_of<const_iterator>(); }
+  ///@}
 
+  ///@{
   /// The element with this key, or `end()`. An empty table does not hash the key.
   iterator find(const Key& key) noexcept { return find_as<iterator>(key); }
   const_iterator find(const Key& key) const noexcept { return find_as<const_iterator>(key); }
+  ///@}
 
+  ///@{
   /// Inserts `value`; returns false, and leaves the element that is there as it is, if there is one
   /// with its key.
   bool insert(const Value& value) { return do_insert(value, nullptr, nullptr); }
   bool insert(Value&& value) { return do_insert(std::move(value), nullptr, nullptr); }
+  ///@}
 
+  ///@{
   /// Like `insert`, and tells the key's bucket through `bucket` and the node that now holds the key
   /// through `node`. (Either may be null.) When it returns false, a moved value is still whole.
   bool do_insert(const Value& value, std::size_t* bucket, Bucket** node) {
@@ -334,6 +362,7 @@ class Hashtable {
   bool do_insert(Value&& value, std::size_t* bucket, Bucket** node) {
     return do_emplace(GetKey()(value), bucket, node, std::move(value));
   }
+  ///@}
 
   /// Removes the element with this key; false if there is none. `key` may be part of that element.
   bool erase(const Key& key) noexcept {
@@ -487,7 +516,7 @@ class Hashtable {
   std::size_t count = 0;
 };
 
-/// A map from Key to T. Its elements are pairs of the two.
+/// A map from Key to T: a `Hashtable` whose elements are pairs of the two.
 template <class Key, class T, class Hash = hash<Key>, class Equal = std::equal_to<Key>>
 class HashMap : public Hashtable<std::pair<Key, T>, GetKey_pair<Key, T>, Key, Hash, Equal> {
  public:
@@ -514,7 +543,7 @@ class HashMap : public Hashtable<std::pair<Key, T>, GetKey_pair<Key, T>, Key, Ha
   }
 };
 
-/// A set of Keys.
+/// A set of Keys: a `Hashtable` whose elements are their own keys.
 template <class Key, class Hash = hash<Key>, class Equal = std::equal_to<Key>>
 class HashSet : public Hashtable<Key, GetKey_identity<Key>, Key, Hash, Equal> {};
 

@@ -6,6 +6,7 @@
 
 namespace norq {
 
+/// The steps of `norq::sort`.
 namespace sortimpl {
 
 /// Ranges below this length are cheaper to sort by selection or insertion than to partition.

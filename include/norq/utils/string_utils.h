@@ -8,18 +8,20 @@
 #include <string_view>
 #include <utility>
 
+/// Stripping strings, and cutting them into tokens. A view that a function returns is part of the
+/// function's argument, valid as long as that one's bytes are.
 namespace norq::str {
 
-/// norq's one notion of white space: true exactly for space, tab, line feed, vertical tab, form
-/// feed and carriage return, whatever the locale. Bytes from 0x80 up are never white space.
+/// norq's one notion of white space.
 struct IsSpace {
+  /// True exactly for space, tab, line feed, vertical tab, form feed and carriage return, whatever
+  /// the locale. Bytes from 0x80 up are never white space.
   constexpr bool operator()(char byte) const noexcept {
     return byte == ' ' || (byte >= '\t' && byte <= '\r');
   }
 };
 
-/// The part of `text` from its first byte for which `pred` is false. The views are parts of `text`,
-/// valid as long as its bytes are.
+/// The part of `text` from its first byte for which `pred` is false.
 template <class Pred>
 std::string_view lstrip_view(std::string_view text, Pred pred) {
   std::size_t first = 0;
@@ -41,7 +43,9 @@ std::string_view strip_view(std::string_view text, Pred pred) {
   return lstrip_view(rstrip_view(text, pred), pred);
 }
 
-/// The same three as copies: `str::strip<str::IsSpace>(text)`.
+///@{
+/// Copies of what `lstrip_view`, `rstrip_view` and `strip_view` return:
+/// `str::strip<str::IsSpace>(text)`.
 template <class Pred>
 std::string lstrip(const std::string& text, Pred pred = Pred()) {
   return std::string(lstrip_view(text, pred));
@@ -54,6 +58,7 @@ template <class Pred>
 std::string strip(const std::string& text, Pred pred = Pred()) {
   return std::string(strip_view(text, pred));
 }
+///@}
 
 class TokenizerBase;
 
@@ -62,17 +67,23 @@ class TokenizerBase;
 /// goes on to the next. Valid as long as the tokenizer.
 class TokenIterator {
  public:
+  ///@{
+  /// What `std::iterator_traits` reads.
   using iterator_category = std::input_iterator_tag;
   using value_type = std::string;
   using difference_type = std::ptrdiff_t;
   using reference = const std::string&;
   using pointer = const std::string*;
+  ///@}
 
   /// What a postfix increment returns: the token as it was before.
   class Previous {
    public:
+    ///@{
+    /// Keeps the token, and gives it back.
     explicit Previous(std::string previous) : token(std::move(previous)) {}
     const std::string& operator*() const noexcept { return token; }
+    ///@}
 
    private:
     std::string token;
@@ -80,8 +91,13 @@ class TokenIterator {
 
   TokenIterator() = default;
 
+  /// For tokenizers: an iterator at the token that starts at `start`, or at the end if that is
+  /// npos.
   TokenIterator(TokenizerBase* owner, std::size_t start) noexcept : tokenizer(owner), pos(start) {}
 
+  ///@{
+  /// As of every input iterator, but that one at the end may be incremented, and stays there. One
+  /// without a tokenizer is only compared. Two are equal if tokenizer and position are.
   reference operator*() const;
   pointer operator->() const { return &**this; }
   TokenIterator& operator++();
@@ -97,8 +113,9 @@ class TokenIterator {
   friend bool operator!=(const TokenIterator& a, const TokenIterator& b) noexcept {
     return !(a == b);
   }
+  ///@}
 
-  TokenizerBase* tokenizer = nullptr;
+  TokenizerBase* tokenizer = nullptr;   ///< not owned; null: an iterator of an empty `Tokenizer`
   std::size_t pos = std::string::npos;  ///< where the token starts in the text; npos at the end
 };
 
@@ -134,25 +151,32 @@ class Tokenizer {
   class TokenizerImpl;
 
   Tokenizer() = default;
-  explicit Tokenizer(std::unique_ptr<TokenizerBase> tokenizer) noexcept
-      : impl(std::move(tokenizer)) {}
 
+  ///@{
   /// Takes over `tokenizer`, which came from `new` or is null: `Tokenizer(new
   /// TokenizerImpl<P>(...))`.
+  explicit Tokenizer(std::unique_ptr<TokenizerBase> tokenizer) noexcept
+      : impl(std::move(tokenizer)) {}
   explicit Tokenizer(TokenizerBase* tokenizer) noexcept : impl(tokenizer) {}
+  ///@}
 
+  ///@{
+  /// As of `TokenizerBase`. Both are the same if there is no tokenizer.
   TokenIterator begin() { return impl == nullptr ? TokenIterator() : impl->begin(); }
   TokenIterator end() { return impl == nullptr ? TokenIterator() : impl->end(); }
+  ///@}
 
  private:
   std::unique_ptr<TokenizerBase> impl;
 };
 
-/// True for the bytes of a delimiter string, in time proportional to its length.
+/// True for the bytes of a delimiter string.
 class Tokenizer::IsDelim {
  public:
   /// Copies `delimiters`, which must not be null. (So the NUL byte is never a delimiter.)
   explicit IsDelim(const char* delimiters) : delims(delimiters) {}
+
+  /// Takes time in proportion to the length of the delimiter string.
   bool operator()(char byte) const noexcept { return delims.find(byte) != std::string::npos; }
 
  private:
