@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Makes the reference of norq's interface from the comments of its headers, with Doxygen, in
+# build/docs/html. Fails if a public name lacks a comment or a comment is wrong in its form.
+set -eu
+CDPATH='' cd -- "$(dirname -- "$0")/.."
+. scripts/requirements.sh
+
+need doxygen command -v doxygen
+install_needs
+
+echo "== Making the reference in build/docs/html"
+NORQ_VERSION=$(sed -n 's/^#define NORQ_VERSION_.* //p' include/norq/version.h | paste -sd .)
+export NORQ_VERSION
+rm -rf build/docs/html
+mkdir -p build/docs
+doxygen docs/Doxyfile
