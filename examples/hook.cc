@@ -8,10 +8,13 @@
 
 #include "norq/options/option_parser.h"
 
+// Declared like this, its name stands in a stack trace as it is.
+extern "C" void read_settings(norq::OptionParser& options);
+
 // The library calls this for every error that it is about to throw. `what()` is the start of the
 // message; a debugger would stop here.
-void norq::Exception::dump_msg_and_raise_assertion() {
-  std::array<void*, 16> frames{};
+void norq::Exception::dump_msg_and_raise_assertion() {  // NOLINT(*-make-member-function-const)
+  std::array<void*, 16> frames{};                       // NOLINT(*-magic-numbers): deep enough here
   const int depth = backtrace(frames.data(), static_cast<int>(frames.size()));
   char** const names = backtrace_symbols(frames.data(), depth);
   std::cerr << "about to throw: " << what() << '\n';
@@ -24,7 +27,7 @@ void norq::Exception::dump_msg_and_raise_assertion() {
   std::free(names);
 }
 
-extern "C" void read_settings(norq::OptionParser& options) {
+void read_settings(norq::OptionParser& options) {
   options.parse_option("port", "eighty", 0);
 }
 

@@ -23,9 +23,10 @@ static void run(int argc, char** argv) {
   options.get_options_set(set);
   std::vector<std::string> keys(set.begin(), set.end());
   std::sort(keys.begin(), keys.end());
-  for (const std::string& key : keys)
+  for (const std::string& key : keys) {
     std::cout << key << " was set by the source of level " << options.get_option(key)->level
               << '\n';
+  }
 }
 
 int main(int argc, char** argv) {

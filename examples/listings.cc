@@ -1,5 +1,7 @@
 // listings: a few options in each order and each style of the help listing.
 #include <iostream>
+#include <map>
+#include <string>
 
 #include "norq/options/option_parser.h"
 
@@ -17,20 +19,20 @@ int main() {
   options.add_option("encoding", norq::OPT_STR, "Encoding of the files.\nUTF-8 if not given.");
   options.add_option("fast", norq::OPT_FLAG, "deprecated");
 
-  const std::pair<const char*, norq::OptionPrintOrder> orders[] = {
-      {"as registered", norq::PRINT_ORDER_INDEX},
-      {"by name", norq::PRINT_ORDER_NAME},
-      {"by kind, as registered", norq::PRINT_ORDER_TYPE_INDEX},
-      {"by kind and name", norq::PRINT_ORDER_TYPE_NAME},
-      {"by group and name", norq::PRINT_ORDER_GROUP_NAME}};
-  const std::pair<const char*, norq::OptionPrintStyle> styles[] = {
-      {"for other programs", norq::PRINT_STYLE_TAB},
-      {"in two columns", norq::PRINT_STYLE_ALIGNED},
-      {"texts below names", norq::PRINT_STYLE_INDENTED}};
-  for (const auto& [order_name, order] : orders) {
-    for (const auto& [style_name, style] : styles) {
-      const std::string heading = std::string("== ") + order_name + ", " + style_name;
-      options.print_help(std::cout, heading, order, style);
+  const std::map<norq::OptionPrintOrder, std::string> orders = {
+      {norq::PRINT_ORDER_INDEX, "as registered"},
+      {norq::PRINT_ORDER_NAME, "by name"},
+      {norq::PRINT_ORDER_TYPE_INDEX, "by kind, as registered"},
+      {norq::PRINT_ORDER_TYPE_NAME, "by kind and name"},
+      {norq::PRINT_ORDER_GROUP_NAME, "by group and name"}};
+  const std::map<norq::OptionPrintStyle, std::string> styles = {
+      {norq::PRINT_STYLE_TAB, "for other programs"},
+      {norq::PRINT_STYLE_ALIGNED, "in two columns"},
+      {norq::PRINT_STYLE_INDENTED, "texts below names"}};
+  for (const auto& [order, order_name] : orders) {
+    for (const auto& [style, style_name] : styles) {
+      std::cout << "== " << order_name << ", " << style_name << '\n';
+      options.print_help(std::cout, "", order, style);
     }
   }
 }

@@ -6,8 +6,8 @@
 int main(int argc, char** argv) {
   norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
   options.add_option("name", norq::OPT_STR, "Whom to greet.");
-  std::vector<std::string> rest;
   try {
+    std::vector<std::string> rest;
     options.parse_args(argc, argv, rest, 0);
   } catch (const norq::Exception& refusal) {
     std::cerr << refusal.what() << '\n';

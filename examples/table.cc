@@ -1,4 +1,5 @@
 // table: a program whose options are a table of data: registered, and read back, in a loop each.
+#include <array>
 #include <iostream>
 
 #include "norq/options/option_parser.h"
@@ -12,12 +13,12 @@ struct Known {
   const char* help;
 };
 
-constexpr Known table[] = {
+constexpr std::array<Known, 4> table = {{
     {"host", norq::OPT_STR, "localhost", "Where to connect to."},
     {"port", norq::OPT_UINT, "8080", "Which port to connect to."},
     {"retries", norq::OPT_UINT, "3", "How often to try again."},
     {"delay", norq::OPT_FLOAT, "0.5", "Seconds between the tries."},
-};
+}};
 
 std::string text_of(const norq::OptionParser& options, const Known& known) {
   std::string text;
@@ -38,8 +39,8 @@ int main(int argc, char** argv) {
                        std::string(known.help) + " Else " + known.preset + ".");
     options.parse_option(known.key, known.preset, 1);  // weaker than the command line
   }
-  std::vector<std::string> rest;
   try {
+    std::vector<std::string> rest;
     options.parse_args(argc, argv, rest, 0);
   } catch (const norq::Exception& refusal) {
     std::cerr << refusal.what() << '\n';

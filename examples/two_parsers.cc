@@ -1,5 +1,7 @@
 // two_parsers: a program that knows its own options, and hands all others on to a library's parser.
+#include <algorithm>
 #include <iostream>
+#include <iterator>
 
 #include "norq/options/option_parser.h"
 
@@ -8,7 +10,8 @@ static std::vector<std::string> start_engine(const std::vector<std::string>& arg
   norq::OptionParser options(norq::BOOL_STYLE_VALUE, false);
   options.add_option("engine_threads", norq::OPT_UINT, "");
   std::vector<const char*> argv = {"engine"};  // where a program's name would stand
-  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  std::transform(arguments.begin(), arguments.end(), std::back_inserter(argv),
+                 [](const std::string& argument) { return argument.c_str(); });
   std::vector<std::string> rest;
   options.parse_args(static_cast<int>(argv.size()), argv.data(), rest, 0);
   int threads = 1;

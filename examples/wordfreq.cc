@@ -37,7 +37,6 @@ static void run(int argc, char** argv) {
   options.parse_args(argc, argv, files, 0);
   std::string config;  // its level is weaker, so that the command line wins though it came first
   if (options.get_str_option("config", &config)) options.parse_config_file(config, 1);
-
   if (options.get_flag_option("help")) {
     int order = PRINT_ORDER_GROUP_NAME;  // stays if the option is not set
     int style = PRINT_STYLE_ALIGNED;
@@ -54,16 +53,18 @@ static void run(int argc, char** argv) {
   options.get_int_option("order", &listing.by_word);
   options.get_float_option("min_percent", &listing.min_percent);
 
-  Counts counts, left_out;
-  std::string leave_out;
+  Counts counts;
   const auto count = [&](std::istream&& in, const std::string& name, Counts* into) {
     count_words(in, fold_case, into);
     if (!in.eof()) throw Exception("unable to read file: ", true) << name;
   };
   for (const std::string& file : files) count(std::ifstream(file), file, &counts);
   if (files.empty()) count(std::move(std::cin), "standard input", &counts);
-  if (options.get_str_option("leave_out", &leave_out))
+  Counts left_out;
+  std::string leave_out;
+  if (options.get_str_option("leave_out", &leave_out)) {
     count(std::ifstream(leave_out), leave_out, &left_out);
+  }
   for (const auto& [word, number] : left_out) counts.erase(word);
   print_words(counts, listing, std::cout);
 }
