@@ -15,10 +15,10 @@ need gcovr command -v gcovr
 install_needs
 
 echo "== Building the tests in build/coverage"
+rm -rf build/coverage  # what an older build counted does not fit to this one
 # Inlined code would be counted where it was inlined.
 cmake -S . -B build/coverage -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Debug \
   -DNORQ_BUILD_EXAMPLES=OFF -DCMAKE_CXX_FLAGS="--coverage -O0 -fno-inline"
-find build/coverage -name '*.gcda' -delete  # of other builds
 cmake --build build/coverage --parallel "$(nproc)"
 
 echo "== Running the tests"
