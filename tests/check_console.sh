@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Runs the commands ("$ ...") in the console blocks of a document and compares all that they print
-# with what the document shows.
-# usage: check_console.sh DOCUMENT
+# with what the document shows. With MARK, the blocks are those marked with it ("```console MARK").
+# usage: check_console.sh DOCUMENT [MARK]
 set -u
-shown=$(awk '/^```/ { inside = ($0 == "```console"); next } inside' "$1")
+fence='```console'${2:+ $2}
+shown=$(awk -v fence="$fence" '/^```/ { inside = ($0 == fence); next } inside' "$1")
 printed=$(
   while IFS= read -r line; do
     if [ "${line#\$ }" != "$line" ]; then
