@@ -28,6 +28,7 @@ as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
 "${as_root[@]}" dpkg --install build/packages/*.deb
 trap '"${as_root[@]}" dpkg --purge libnorq-dev libnorq1' EXIT
-cmake -S tests/consumer -B build/packaged -DNORQ_BY=find
+cmake -S tests/consumer -B build/packaged -DNORQ_BY=find \
+  -DNORQ_PROGRAM="$PWD/examples/minimal.cc"
 cmake --build build/packaged
-build/packaged/consumer
+build/packaged/consumer -name=packages
