@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Builds norq, its examples and tests by other compilers, standard libraries and word sizes, with no
+# extension of the language, and runs the tests on each. GoogleTest is there for one standard
+# library alone, so that the tests which need it run there only.
+set -eu
+CDPATH='' cd -- "$(dirname -- "$0")/.."
+. scripts/requirements.sh
+
+has_libcxx() { echo '#include <string>' | clang++ -stdlib=libc++ -E -x c++ -; }
+has_m32() { echo '#include <string>' | g++ -m32 -E -x c++ -; }
+need_build_tools
+need g++ command -v g++
+need clang command -v clang++
+need libc++-dev has_libcxx
+need libc++abi-dev test -e /usr/lib/llvm-14/include/c++/v1/cxxabi.h
+need pkgconf command -v pkg-config
+# Where the machine is no amd64, there is no other word size to be had.
+if [ "$(uname -m)" = x86_64 ]; then need g++-multilib has_m32; fi
+install_needs
+
+# try NAME COMPILER FLAGS
+try() {
+  echo "== $1: $2 $3"
+  cmake -S . -B "build/$1" -DCMAKE_CXX_COMPILER="$2" -DNORQ_WITH_GOOGLETEST=OFF \
+    -DCMAKE_CXX_FLAGS="-pedantic-errors $3" >/dev/null
+  cmake --build "build/$1" --parallel "$(nproc)" | grep -v 'Building\|Built\|Linking' || true
+  (cd "build/$1" && ctest --no-tests=error --output-on-failure --parallel "$(nproc)" \
+    --exclude-regex 'Guide\.|Install' | tail -n 4)
+}
+try libcxx clang++ -stdlib=libc++
+try cxx20 clang++ -std=c++20
+try unsigned-char g++ -funsigned-char
+if has_m32 >/dev/null 2>&1; then try m32 g++ -m32; fi
