@@ -62,7 +62,7 @@ std::string help_of(const Parser& parser, int order, int style, const std::strin
 // What is set, with its values. The set of keys that is filled holds one already.
 std::string state_of(const Parser& parser) {
   hsh::HashSet<std::string> keys;
-  keys.insert("z");
+  keys.insert("text");
   try {
     parser->get_options_set(keys);
   } catch (const std::bad_alloc&) {
@@ -72,10 +72,10 @@ std::string state_of(const Parser& parser) {
   std::string all;
   for (const std::string& key : std::set<std::string>(keys.begin(), keys.end())) {
     const bool is_set = parser->get_flag_option(key);
-    require(is_set || key == "z", key + " is set");
+    require(is_set || key == "text", key + " is set");
     if (is_set) all += key + " " + read(parser, key) + "; ";
   }
-  require(keys.find("z") != keys.end(), "a set of keys keeps what it holds");
+  require(keys.find("text") != keys.end(), "a set of keys keeps what it holds");
   return all;
 }
 
