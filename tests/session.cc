@@ -181,6 +181,8 @@ std::string Session::run(const std::string& line) {
   if (command == "group") p->set_cur_help_group(key);
   if (command == "rename" && p->has_option(key, nullptr)) p->get_option(key)->name = w[2];
   if (command == "regroup" && p->has_option(key, nullptr)) p->get_option(key)->group = number(w[2]);
+  if (command == "retype" && p->has_option(key, nullptr))
+    p->get_option(key)->type = OptionType(number(w[2]));
   if (command == "mark" && p->has_option(key, nullptr)) p->get_option(key)->is_set = true;
   if (command == "copy" && p->has_option(key, nullptr) && p->has_option(w[2], nullptr)) {
     Option copied;
