@@ -16,6 +16,7 @@ std::string run_starved(Session& session, const std::string& command) {
   const std::set<std::string> of_several_steps = {"args", "file", "new", "sample"};
   const bool whole = of_several_steps.count(command.substr(0, command.find(' '))) == 0;
   const std::string before = session.view();
+  bool line_refused = false;  // as its value could not be held
   for (long n = 0;; ++n) {
     std::string printed;
     Starvation::left = n;
@@ -26,6 +27,8 @@ std::string run_starved(Session& session, const std::string& command) {
     }
     const bool starved = Starvation::left < 0;
     Starvation::left = -1;
+    line_refused = line_refused || printed.find("line 1 (std::bad_alloc)") != std::string::npos;
+    require(starved || line_refused || command != "file 0 out\\s=\\s\\w\\w", "a refused line");
     if (!starved) return printed;
     // As the reason why a line was refused, which may itself be lost.
     const bool failed = printed.find("(std::bad_alloc)") != std::string::npos ||
