@@ -144,12 +144,16 @@ std::string tokens_of(const std::string& text, const std::string& delimiters, in
   using Words = str::Tokenizer::TokenizerImpl<str::IsSpace>;
   if (delimiters == "SPACE")
     tokens = str::Tokenizer(std::make_unique<Words>(text, str::IsSpace(), parts));
-  std::string walked;
+  std::string walked, last;
   str::Tokenizer empty;
   str::TokenIterator it = tokens.begin();
-  require(empty.begin() == empty.end() && it != empty.end(), "an empty handle has no tokens");
-  for (; it != tokens.end(); ++it) walked += *it + "@" + std::to_string(it.pos) + " ";
-  require(++it == tokens.end(), "an iterator stays at its end");
+  require(empty.begin() == empty.end() && tokens.end() != empty.end(),
+          "an empty handle has no tokens");
+  while (it != tokens.end()) {
+    const std::string place = "@" + std::to_string(it.pos) + " ";
+    walked += (last = *it++) + place;
+  }
+  require(++it == tokens.end() && *it == last, "an iterator stays at its end");
   return walked;
 }
 
