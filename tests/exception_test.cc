@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <locale>
 
 #include "norq/options/option_parser.h"
 
@@ -18,16 +19,22 @@ void norq::Exception::dump_msg_and_raise_assertion() {
 
 namespace norq {
 
+// What a host's global locale may bring.
+struct Thousands : std::numpunct<char> {
+  std::string do_grouping() const override { return "\3"; }
+};
+
 TEST(Exception, TheTextGrowsByInsertionAndTheHookSeesItsStart) {
+  std::locale::global(std::locale(std::locale::classic(), new Thousands));
   dumped.clear();
   Exception exception("a", true);
   exception << "b" << 3;
   EXPECT_STREQ(exception.what(), "ab3");
   Exception copy(exception);
   const char* const text = exception.what();
-  exception << std::hex << 255;
+  exception << std::hex << 4660;
   EXPECT_STREQ(text, "ab3");  // valid until the next call
-  EXPECT_STREQ(exception.what(), "ab3ff");
+  EXPECT_STREQ(exception.what(), "ab31234");
   copy << std::string("c") << 12345 << '-' << -1;
   EXPECT_STREQ(copy.what(), "ab3c12345--1");
   EXPECT_STREQ(Exception("quiet", false).what(), "quiet");
