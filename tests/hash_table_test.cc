@@ -26,6 +26,8 @@ TEST(HashTable, HashesAndBucketCounts) {
 TEST(HashTable, PoolsCarveGrowingChunksAndReuseTheLastFreed) {
   for (const float factor : {2.5f, 1e30f}) {
     MemoryPool<32, false> pool(2, factor, 6);
+    Starvation::left = 0;
+    EXPECT_THROW((Starvation(), pool.allocate()), std::bad_alloc);
     std::vector<std::size_t> chunks;
     std::vector<char*> blocks;
     for (int i = 0; i < 15; ++i) {
@@ -42,6 +44,20 @@ TEST(HashTable, PoolsCarveGrowingChunksAndReuseTheLastFreed) {
   MemoryPool<32, false> unlimited(1, 1e18f, 0);
   unlimited.allocate();
   EXPECT_THROW(unlimited.allocate(), std::bad_alloc);
+}
+
+TEST(HashTable, NodesLieInChunksOf16ThenTwiceAsManyUpTo8192) {
+  HashSet<int> set;
+  std::vector<int> starts;
+  const char* next = nullptr;
+  for (int key = 0; key < 25000; ++key) {
+    set.insert(key);
+    const char* const node = reinterpret_cast<const char*>(&*set.find(key));
+    if (node != next) starts.push_back(key);
+    next = node + sizeof(HashSet<int>::Bucket);
+  }
+  EXPECT_EQ(starts,
+            (std::vector<int>{0, 16, 48, 112, 240, 496, 1008, 2032, 4080, 8176, 16368, 24560}));
 }
 
 TEST(HashTable, AFailedAllocationLeavesElementsAndOrder) {
