@@ -61,7 +61,8 @@ void check(const std::uint8_t* data, std::size_t size, MakeKey make_key) {
     if (call == 5) require(table.try_emplace(key, token) == slow.insert(key), "try_emplace");
     if (call > 5 && call < 8) slow.insert(key), table[key] = token;
     if (call > 7 && call < 14) require(table.erase(key) == slow.erase(key), "erase");
-    if (call == 14) slow.rehash(argument * 4), table.rehash(argument * 4);
+    const std::size_t wanted = argument % 2 == 0 ? argument * 4 : table.bucket_count();
+    if (call == 14) slow.rehash(wanted), table.rehash(wanted);
     if (call == 15 && argument % 8 < 3) {
       if (argument % 8 == 2) table.discard(), blocks.clear(), most = 0;
       if (argument % 8 < 2) table.clear(argument % 8 == 1);
