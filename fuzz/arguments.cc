@@ -1,6 +1,6 @@
 // A set-up and arguments, as lines: the boolean style and, behind it, "p" if unknown options are
-// passed on; options "KEY NAME TYPE" up to an empty line; arguments, of which those behind another
-// empty line come with another level.
+// passed on; options "KEY NAME TYPE" (a digit is the type's number) up to an empty line; arguments,
+// of which those behind another empty line come with another level.
 
 #include "fuzz.h"
 #include "slow_option.h"
@@ -47,7 +47,8 @@ void check(const Strings& lines) {
     const std::size_t first = lines[i].find(' '), last = lines[i].rfind(' ');
     if (first >= last || options.size() > 20) continue;  // the table does not grow
     const SlowOption option = {lines[i].substr(0, first),
-                               lines[i].substr(first + 1, last - first - 1), lines[i].back() % 7};
+                               lines[i].substr(first + 1, last - first - 1),
+                               (lines[i].back() + 1) % 7};
     if (parser->add_option(option.key, option.name, OptionType(option.type), ""))
       options.insert(options.begin(), option);
     parser->add_enum_value(option.key, "fast", 7, "");
