@@ -20,6 +20,7 @@ TEST(HashTable, HashesAndBucketCounts) {
   std::uint64_t sum = 0;
   for (std::size_t count = 0, i = 0; i < 28; ++i) sum += count = bucket_count_for(count + 1);
   EXPECT_EQ(sum, 9823674302u);  // of the 28 primes
+  EXPECT_EQ(bucket_count_for(73), 73u);
   EXPECT_EQ(bucket_count_for(4294867388), 4294867387u);
 }
 
