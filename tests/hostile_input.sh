@@ -3,6 +3,7 @@
 # under the reader's hands. Usage: hostile_input.sh PLAYER. Every case has a minute, which nothing
 # that takes time in proportion to its input needs, and nothing that takes its square keeps.
 set -eu
+shopt -s lastpipe  # `expect` runs behind pipes and counts the failures
 player=$1
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
