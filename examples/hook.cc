@@ -1,41 +1,45 @@
 // hook: a host's own diagnostic hook, which tells where an error came from, before it is thrown.
-#include <execinfo.h>
-
-#include <array>
-#include <cstdlib>
 #include <iostream>
-#include <string>
 
 #include "norq/options/option_parser.h"
 
-// Declared like this, its name stands in a stack trace as it is.
-extern "C" void read_settings(norq::OptionParser& options);
+namespace {
 
-// The library calls this for every error that it is about to throw. `what()` is the start of the
-// message; a debugger would stop here.
-void norq::Exception::dump_msg_and_raise_assertion() {  // NOLINT(*-make-member-function-const)
-  std::array<void*, 16> frames{};                       // NOLINT(*-magic-numbers): deep enough here
-  const int depth = backtrace(frames.data(), static_cast<int>(frames.size()));
-  char** const names = backtrace_symbols(frames.data(), depth);
-  std::cerr << "about to throw: " << what() << '\n';
-  for (int i = 1; names != nullptr && i < depth; ++i) {
-    const std::string frame = names[i];  // such as "./hook(main+0x2a) [0x401136]"
-    const std::size_t name = frame.find('(') + 1;
-    const std::string function = frame.substr(name, frame.find('+', name) - name);
-    if (function == "read_settings" || function == "main") std::cerr << "  in " << function << '\n';
-  }
-  std::free(names);
+// What the program is about, and what that is part of.
+struct Activity {
+  explicit Activity(const char* what) : name(what), outer(innermost) { innermost = this; }
+  Activity(const Activity&) = delete;
+  Activity& operator=(const Activity&) = delete;
+  ~Activity() { innermost = outer; }
+
+  const char* name;
+  const Activity* outer;
+  static inline const Activity* innermost = nullptr;
+};
+
+void read_environment(norq::OptionParser& options, const std::string& port) {
+  const Activity reading("the environment, PORT");
+  options.parse_option("port", port, 1);
 }
 
-void read_settings(norq::OptionParser& options) {
-  options.parse_option("port", "eighty", 0);
+}  // namespace
+
+// The library calls this for every error that it is about to throw, while all that led to it still
+// stands: here a debugger would stop, or a stack trace be printed.
+void norq::Exception::dump_msg_and_raise_assertion() {  // NOLINT(*-make-member-function-const)
+  std::cerr << "about to throw: " << what() << '\n';
+  for (const Activity* activity = Activity::innermost; activity != nullptr;
+       activity = activity->outer) {
+    std::cerr << "  in " << activity->name << '\n';
+  }
 }
 
 int main() {
+  const Activity start("the start of the program");
   norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
   options.add_option("port", norq::OPT_UINT, "");
   try {
-    read_settings(options);
+    read_environment(options, "eighty");
   } catch (const norq::Exception& refusal) {
     std::cerr << refusal.what() << '\n';
     return 2;
