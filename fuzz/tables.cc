@@ -13,7 +13,9 @@ struct SlowTable {
   std::vector<std::list<Key>> chains = std::vector<std::list<Key>>(31);
   std::size_t count = 0;
 
-  std::list<Key>& chain(const Key& key) { return chains[hsh::hash<Key>()(key) % chains.size()]; }
+  std::list<Key>& chain(const Key& key) {
+    return chains[static_cast<std::size_t>(hsh::hash<Key>()(key) % chains.size())];
+  }
   bool contains(const Key& key) {
     return std::count(chain(key).begin(), chain(key).end(), key) == 1;
   }

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds norq, its examples and tests by other compilers, standard libraries and word sizes, with no
-# extension of the language, and runs the tests on each. GoogleTest is there for one standard
-# library alone, so that the tests which need it run there only.
-set -eu
+# extension of the language, and runs the tests on each. Other libraries, GoogleTest too, are built
+# for one standard library and word size, so that the tests which need them are left out.
+set -eu -o pipefail
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
@@ -18,16 +18,17 @@ need pkgconf command -v pkg-config
 if [ "$(uname -m)" = x86_64 ]; then need g++-multilib has_m32; fi
 install_needs
 
-# try NAME COMPILER FLAGS
+# try NAME COMPILER FLAGS [TESTS LEFT OUT]
 try() {
   echo "== $1: $2 $3"
-  cmake -S . -B "build/$1" -DCMAKE_CXX_COMPILER="$2" -DNORQ_WITH_GOOGLETEST=OFF \
+  cmake -S . -B "build/$1" -DCMAKE_CXX_COMPILER="$2" -DNORQ_TEST_WITH_OTHERS=OFF \
     -DCMAKE_CXX_FLAGS="-pedantic-errors $3" >/dev/null
-  cmake --build "build/$1" --parallel "$(nproc)" | grep -v 'Building\|Built\|Linking' || true
+  cmake --build "build/$1" --parallel "$(nproc)"
   (cd "build/$1" && ctest --no-tests=error --output-on-failure --parallel "$(nproc)" \
-    --exclude-regex 'Guide\.|Install' | tail -n 4)
+    --exclude-regex "Install${4:+|$4}")
 }
-try libcxx clang++ -stdlib=libc++
+# libc++ takes a read error for the end of the file, which one of the examples' errors is about.
+try libcxx clang++ -stdlib=libc++ Examples
 try cxx20 clang++ -std=c++20
 try unsigned-char g++ -funsigned-char
 if has_m32 >/dev/null 2>&1; then try m32 g++ -m32; fi

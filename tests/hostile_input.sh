@@ -86,15 +86,17 @@ printf 'sample 0\npath 0 no\\ssuch%%s%%n\\nfile\n' | expect "a refused file with
 
 echo "Files that are none, or do not stay"
 mkfifo fifo
-printf 'count = 3\n' >fifo &
+timeout 60 sh -c "printf 'count = 3\\n' >fifo" &
 printf 'count int 3 set; \ncount int 3 set; \n' >expected
 printf 'sample 0\npath 0 fifo\npath 0 .\n' | expect "a FIFO and a directory"
 yes 'count = 4' | head -n 400000 >growing
 (for _ in $(seq 1 50); do sleep 0.01 && echo 'count = 4' >>growing; done) &
 mkfifo vanishing
 (exec 3>vanishing && rm vanishing && echo 'count = 5' >&3) &  # opens when the reader does
+writer=$!
 printf 'count int 4 set; \ncount int 5 set; \n' >expected
 printf 'sample 0\npath 0 growing\npath 0 vanishing\n' | expect "a file that grows and one that goes"
+kill "$writer" 2>/dev/null || true  # it still waits if there was no reader
 wait
 
 # in_locale NAME CHARSET POINT, with the commands and what is expected as in `expect`
