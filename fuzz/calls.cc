@@ -5,18 +5,20 @@
 namespace norq {
 
 // How a parser with a copy of this record alone lists it.
-std::string entry_of(const Option& option, int style) {
+static std::string entry_of(const Option& option, int style) {
   const Parser parser(style);
   parser->add_option("", OPT_FLAG, "");
   *parser->get_option("") = option;
   return help_of(parser, PRINT_ORDER_NAME, PRINT_STYLE_TAB);
 }
 
-void check(const Strings& lines) {
+void check(const std::string& input) {
+  std::istringstream lines(input);
   Session session;
   int style = 0;
   std::set<std::string> present;
-  for (const std::string& line : lines) {
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find("retype") != std::string::npos) continue;  // not while a text is owned
     const bool done = session.run(line) == "true\n";
     const std::string &command = session.words[0], &key = session.words[1];
     const bool anew = command == "new" || command == "sample";
@@ -47,14 +49,3 @@ void check(const Strings& lines) {
 }
 
 }  // namespace norq
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  norq::check(norq::lines_of(norq::text_of(
-      data, size, {"\nadd ",     "\nadd_named ", "\nvalue ",  "\ndel ",    "\ndescribe ",
-                   "\nset ",     "\nargs 0 ",    "\nfile 0 ", "\nhelp ",   "\ngroup ",
-                   "\nregroup ", "\nrename ",    "\nreset\n", "\nsample ", "\nnew ",
-                   "\ncopy a ",  "\nshow ",      "a",         "b",         " ",
-                   " 0 ",        " 4 ",          " 6 ",       "=",         " -a=",
-                   "\\w\\n"})));
-  return 0;
-}

@@ -1,35 +1,52 @@
 #ifndef NORQ_FUZZ_FUZZ_H
 #define NORQ_FUZZ_FUZZ_H
 
-#include <cstddef>
-#include <cstdint>
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <sstream>
 
 #include "../tests/session.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace norq {
 
-// An input as a text: every control byte that is no white space stands for one of the target's
-// pieces. So any text file is an input as it is, and random bytes make something near the grammar.
-inline std::string text_of(const std::uint8_t* data, std::size_t size, const Strings& pieces) {
-  std::string text;
-  for (; size-- > 0; ++data) {
-    const bool is_piece = *data < '\t' || (*data > '\r' && *data < ' ');
-    text += is_piece ? pieces[*data % pieces.size()] : std::string(1, static_cast<char>(*data));
-  }
-  return text;
-}
+// What a target does with an input. Throws if something does not hold.
+void check(const std::string& input);
 
-// The lines of a text; a last one without a line feed counts unless it is empty.
-inline Strings lines_of(const std::string& text) {
-  Strings lines;
-  for (std::size_t start = 0; start < text.size();) {
-    lines.push_back(text.substr(start, text.find('\n', start) - start));
-    start += lines.back().size() + 1;
+// An option, and the rules by which it takes a value, read as directly as possible. An enumeration
+// knows "fast" for 7.
+struct SlowOption {
+  std::string key;
+  std::string name;
+  int type;
+  std::string state = "not set";  // what the getters answer
+  int level = std::numeric_limits<int>::max();
+
+  bool take(const std::string& text, int new_level) {
+    std::string digits = text.substr(type == OPT_INT && text[0] == '-' ? 1 : 0);
+    const std::size_t point = digits.find('.');
+    if (type == OPT_FLOAT && point != std::string::npos) digits.erase(point, 1);
+    const bool is_number =
+        !digits.empty() && digits.find_first_not_of("0123456789") == std::string::npos;
+    std::ostringstream out;
+    out.precision(9);
+    if (type == OPT_BOOL && (text == "true" || text == "false")) out << "bool " << (text == "true");
+    if ((type == OPT_UINT || type == OPT_INT) && is_number) {
+      const long long value = std::strtoll(text.c_str(), nullptr, 10);
+      out << "int " << std::clamp<long long>(value, -2147483648LL, 2147483647LL);
+    }
+    if (type == OPT_FLOAT && is_number)
+      out << "float " << static_cast<float>(std::strtod(text.c_str(), nullptr));
+    if (type == OPT_STR) out << "str " << text.c_str();  // up to a NUL byte
+    if (type == OPT_ENUM && text == "fast") out << "int 7";
+    const bool is_flag = type == OPT_FLAG && text.empty();
+    if (out.str().empty() && !is_flag) return false;
+    if (new_level > level) return true;
+    level = new_level;
+    state = out.str() + (is_flag ? "set" : " set");
+    return true;
   }
-  return lines;
-}
+};
 
 }  // namespace norq
 

@@ -15,20 +15,20 @@ has_libfuzzer() {
 need_build_tools
 need clang command -v clang++
 need libclang-rt-dev has_libfuzzer
-need libgtest-dev test -e /usr/include/gtest/gtest.h
 install_needs
 
 echo "== Building the fuzz targets in build/fuzz"
 sanitizers=address,undefined
 cmake -S . -B build/fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DNORQ_LIBFUZZER=ON -DNORQ_BUILD_EXAMPLES=OFF \
+  -DNORQ_LIBFUZZER=ON -DNORQ_TEST_WITH_OTHERS=OFF -DNORQ_BUILD_EXAMPLES=OFF \
   -DCMAKE_CXX_FLAGS="-fsanitize=$sanitizers,fuzzer-no-link -fno-sanitize-recover=all"
 cmake --build build/fuzz --parallel "$(nproc)" \
   --target fuzz_arguments fuzz_calls fuzz_config fuzz_tables
 
 fuzz() {
   mkdir -p "corpus/$1"
-  if ! "fuzz/fuzz_$1" "corpus/$1" "../../fuzz/corpus/$1" -dict=../../fuzz/norq.dict \
+  if [ -e "../../fuzz/$1.dict" ]; then set -- "$1" -dict="../../fuzz/$1.dict"; fi
+  if ! "fuzz/fuzz_$1" "corpus/$1" "../../fuzz/corpus/$1" "${@:2}" \
     -max_total_time="$seconds" -max_len=2048 -timeout=20 -print_final_stats=1 \
     -artifact_prefix="$1-" >"$1.log" 2>&1; then
     tail -n 40 "$1.log"

@@ -13,20 +13,18 @@ namespace norq {
 
 // What failed has changed nothing, or, of a source of settings, only what comes before.
 std::string run_starved(Session& session, const std::string& command) {
-  const std::set<std::string> of_several_steps = {"args", "file", "new", "sample"};
+  const std::set<std::string> of_several_steps = {"args", "file", "fill", "sample"};
   const bool whole = of_several_steps.count(command.substr(0, command.find(' '))) == 0;
   const std::string before = session.view();
   bool line_refused = false;  // as its value could not be held
   for (long n = 0;; ++n) {
-    std::string printed;
+    std::string printed = "(std::bad_alloc)";
     Starvation::left = n;
     try {
       printed = session.run(command);
     } catch (const std::bad_alloc&) {
-      printed = "(std::bad_alloc)";
     }
-    const bool starved = Starvation::left < 0;
-    Starvation::left = -1;
+    const bool starved = std::exchange(Starvation::left, -1) < 0;
     line_refused = line_refused || printed.find("line 1 (std::bad_alloc)") != std::string::npos;
     require(starved || line_refused || command != "file 0 out\\s=\\s\\w\\w", "a refused line");
     if (!starved) return printed;

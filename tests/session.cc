@@ -85,6 +85,12 @@ std::string outcome_of(const Parser& parser, const std::function<void()>& source
   return refusal + (refusal.empty() ? "" : "\n") + state_of(parser);
 }
 
+void parse_args(const Parser& parser, const Strings& arguments, Strings* rest, int level) {
+  std::vector<const char*> argv;
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  parser->parse_args(static_cast<int>(argv.size()), argv.data(), *rest, level);
+}
+
 std::string parse_file(const Parser& parser, const std::string& bytes, int level) {
   const std::string path = "session-" + std::to_string(getpid()) + ".conf";
   std::ofstream(path, std::ios::binary) << bytes;
@@ -107,18 +113,6 @@ std::string unescape(const std::string& word) {
     if (escape == 8) text.append(74, 'w');
   }
   return text;
-}
-
-std::string parse_args(const Parser& parser, const Strings& words, int level) {
-  std::vector<const char*> argv = {"-host"};
-  for (std::size_t i = 2; i < words.size(); ++i) argv.push_back(words[i].c_str());
-  Strings rest = {"kept: "};
-  const auto argc = static_cast<int>(argv.size());
-  parser->parse_args(0, nullptr, rest, 0);
-  std::string outcome =
-      outcome_of(parser, [&] { parser->parse_args(argc, argv.data(), rest, level); });
-  for (std::size_t i = 1; i < rest.size(); ++i) outcome += "[" + rest[i] + "]";
-  return rest[0] + outcome;
 }
 
 std::string show(const Parser& parser, const std::string& key) {
@@ -145,15 +139,11 @@ std::string tokens_of(const std::string& text, const std::string& delimiters, in
   if (delimiters == "SPACE")
     tokens = str::Tokenizer(std::make_unique<Words>(text, str::IsSpace(), parts));
   std::string walked, last;
-  str::Tokenizer empty;
   str::TokenIterator it = tokens.begin();
-  require(empty.begin() == empty.end() && tokens.end() != empty.end(),
-          "an empty handle has no tokens");
-  while (it != tokens.end()) {
-    const std::string place = "@" + std::to_string(it.pos) + " ";
-    walked += (last = *it++) + place;
-  }
-  require(++it == tokens.end() && *it == last, "an iterator stays at its end");
+  for (; it != tokens.end(); ++it) walked += (last = *it) + "@" + std::to_string(it.pos) + " ";
+  require(*it++ == last && it == tokens.end(), "an iterator stays at its end");
+  str::Tokenizer empty;
+  require(empty.begin() == empty.end() && it != empty.end(), "an empty handle has no tokens");
   return walked;
 }
 
@@ -173,27 +163,28 @@ std::string Session::run(const std::string& line) {
 
   if (command == "new" || command == "sample") parser = Parser(number(key), !w[2].empty());
   if (command == "sample") {
-    for (const auto& [name, type] : {std::pair("verbose", OPT_BOOL),
-                                     {"count", OPT_INT},
-                                     {"out", OPT_STR},
-                                     {"dump", OPT_FLAG},
-                                     {"mode", OPT_ENUM}})
-      p->add_option(name, type, "");
-    p->add_enum_value("mode", "fast", 7, "");
+    const Strings kept = words;
+    for (const char* const add : {"add verbose 0", "add count 2", "add out 4", "add dump 5",
+                                  "add mode 6", "value mode fast 7"})
+      run(add);
+    words = kept;
+    return "";
   }
   if (command == "reset") p->reset();
   if (command == "group") p->set_cur_help_group(key);
-  if (command == "rename" && p->has_option(key, nullptr)) p->get_option(key)->name = w[2];
-  if (command == "regroup" && p->has_option(key, nullptr)) p->get_option(key)->group = number(w[2]);
-  if (command == "retype" && p->has_option(key, nullptr))
-    p->get_option(key)->type = OptionType(number(w[2]));
-  if (command == "mark" && p->has_option(key, nullptr)) p->get_option(key)->is_set = true;
-  if (command == "copy" && p->has_option(key, nullptr) && p->has_option(w[2], nullptr)) {
-    Option copied;
-    const Option& itself = copied;
-    copied = *p->get_option(w[2]);
-    copied = itself;
-    *p->get_option(key) = Option(std::move(copied));
+  const std::set<std::string> of_records = {"rename", "regroup", "retype", "mark", "copy"};
+  if (Option* const o = of_records.count(command) == 1 ? p->get_option(key) : nullptr) {
+    if (command == "rename") o->name = w[2];
+    if (command == "regroup") o->group = number(w[2]);
+    if (command == "retype") o->type = OptionType(number(w[2]));
+    if (command == "mark") o->is_set = true;
+    if (command == "copy" && p->has_option(w[2], nullptr)) {
+      Option copied;
+      const Option& itself = copied;
+      copied = *p->get_option(w[2]);
+      copied = itself;
+      *o = Option(std::move(copied));
+    }
   }
   if (command == "add") return answer(p->add_option(key, OptionType(number(w[2])), w[3]));
   if (command == "add_named")
@@ -202,7 +193,14 @@ std::string Session::run(const std::string& line) {
   if (command == "del") return answer(p->del_option(key));
   if (command == "describe") return answer(p->set_option_help(key, w[2]));
   if (command == "set") return refusal_of([&] { p->parse_option(key, w[2], number(w[3])); }) + "\n";
-  if (command == "args") return parse_args(p, given, number(key)) + "\n";
+  if (command == "args") {
+    Strings rest = {"kept: "};
+    p->parse_args(0, nullptr, rest, 0);
+    const Strings arguments(given.begin() + 1, given.end());  // the level for the program's name
+    std::string printed = outcome_of(p, [&] { parse_args(p, arguments, &rest, number(key)); });
+    for (std::size_t i = 1; i < rest.size(); ++i) printed += "[" + rest[i] + "]";
+    return rest[0] + printed + "\n";
+  }
   if (command == "file") return parse_file(p, w[2], number(key)) + "\n";
   if (command == "path")
     return outcome_of(p, [&] { p->parse_config_file(w[2], number(key)); }) + "\n";
@@ -213,6 +211,23 @@ std::string Session::run(const std::string& line) {
            str::rstrip<str::IsSpace>(key) + "|\n";
   }
   if (command == "tokens") return tokens_of(key, w[2], number(w[3])) + "\n";
+  if (command == "fill") {
+    while (table.size() < static_cast<unsigned>(number(key)) % 1000)
+      table[std::to_string(table.size())];
+  }
+  if (command == "table") {
+    const std::pair<std::string, std::string> element(w[2], w[3]);
+    const Starvation starvation;
+    hsh::HashMap<std::string, std::string> other;
+    if (key == "index") table[w[2]];
+    if (key == "emplace") table.try_emplace(w[2], w[3]);
+    if (key == "insert") table.insert(element);
+    if (key == "node") other.new_Bucket(element), other.discard();
+    if (key == "rehash") table.rehash(static_cast<unsigned>(number(w[2])));
+    if (key == "clear") table.clear(true);
+    if (key == "discard") table.discard();
+    return std::to_string(table.size()) + " in " + std::to_string(table.bucket_count()) + "\n";
+  }
   if (command == "show") return show(p, key) + "\n";
   if (command == "read") return read(p, key) + "\n";
   if (command == "keys") return state_of(p) + "\n";
@@ -220,8 +235,10 @@ std::string Session::run(const std::string& line) {
 }
 
 std::string Session::view() const {
+  std::string all;
+  for (const auto& [key, value] : table) all += key + " " + value + "\n";
   // An order that is none shows the options as they lie in the table.
-  std::string all = help_of(parser, -1, PRINT_STYLE_TAB) + state_of(parser);
+  all += help_of(parser, -1, PRINT_STYLE_TAB) + state_of(parser);
   for (const std::string& key : keys) {
     if (parser->has_option(key, nullptr)) all += show(parser, key) + read(parser, key);
   }

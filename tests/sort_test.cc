@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <vector>
 
 namespace norq {
@@ -33,18 +32,18 @@ TEST(Sort, PermutationsAreExact) {
 // Decides the values of the elements while they are compared, always so that the pivot turns out
 // small (M. D. McIlroy, "A Killer Adversary for Quicksort", 1999).
 TEST(Sort, AnAdversaryIsStoppedByTheDepthBudget) {
-  constexpr int n = 1 << 14;
-  std::vector<int> value(n, n), elements(n);  // a value of n is still open
-  std::iota(elements.begin(), elements.end(), 0);
-  int decided = 0, candidate = 0;
-  long comparisons = 0;
-  const auto value_of = [&](int i) -> int& { return value[static_cast<std::size_t>(i)]; };
-  norq::sort(elements.data(), elements.data() + n, [&](int a, int b) {
+  constexpr int open = 1 << 14;  // what is not decided yet
+  std::vector<int> values(open, open);
+  std::vector<int*> elements;
+  for (int& value : values) elements.push_back(&value);
+  const int* candidate = values.data();
+  int decided = 0, comparisons = 0;
+  norq::sort(elements.data(), elements.data() + open, [&](int* a, int* b) {
     ++comparisons;
-    if (value_of(a) == n && value_of(b) == n) value_of(a == candidate ? a : b) = decided++;
-    if (value_of(a) == n) candidate = a;
-    if (value_of(b) == n) candidate = b;
-    return value_of(a) < value_of(b);
+    if (*a == open && *b == open) *(a == candidate ? a : b) = decided++;
+    if (*a == open) candidate = a;
+    if (*b == open) candidate = b;
+    return *a < *b;
   });
   // 32 partitions of nearly all elements each, then a heap sort: counted by that other reading.
   EXPECT_EQ(comparisons, 780888);
