@@ -7,12 +7,13 @@ CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
 has_libcxx() { echo '#include <string>' | clang++ -stdlib=libc++ -E -x c++ -; }
+has_libcxxabi() { echo '#include <cxxabi.h>' | clang++ -stdlib=libc++ -E -x c++ -; }
 has_m32() { echo '#include <string>' | g++ -m32 -E -x c++ -; }
 need_build_tools
 need g++ command -v g++
 need clang command -v clang++
 need libc++-dev has_libcxx
-need libc++abi-dev test -e /usr/lib/llvm-14/include/c++/v1/cxxabi.h
+need libc++abi-dev has_libcxxabi
 need pkgconf command -v pkg-config
 # Where the machine is no amd64, there is no other word size to be had.
 if [ "$(uname -m)" = x86_64 ]; then need g++-multilib has_m32; fi

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs norq, moves what was installed to another place, and builds a program with it in each of
-# the ways that there are: find_package, pkg-config, add_subdirectory, FetchContent.
+# the ways that there are: find_package, pkg-config, add_subdirectory, FetchContent. What the README
+# says about it is taken from there.
 # Usage: check_install.sh SOURCE_FOLDER static|shared
 set -eu
 source=$1
@@ -27,10 +28,17 @@ try() {
   echo "ok: $1, $shared"
 }
 
-configure -S "$source" -B build -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
-build build
-cmake --install build --prefix "$folder/first" >log || fail
-mv first moved
+# block LANGUAGE: what the README shows about using norq
+block() {
+  sed -n '/^## Using it/,/^## /p' "$source/README.md" | sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/p" | grep -v '^`'
+}
+
+mkdir -p host/norq
+tar -C "$source" --exclude=./build --exclude=./.git -cf norq.tar .
+tar -C host/norq -xf norq.tar
+block sh | sed "s/cmake -S/cmake -DBUILD_SHARED_LIBS=$shared -S/" >install.sh
+(cd host/norq && HOME=$folder bash -eu ../../install.sh) >log 2>&1 || fail
+mv norq moved
 (cd moved && find . -type f -o -type l) | sed 's/x86_64[^/]*\///' | sort >installed
 for file in ./include/norq/options/option_parser.h ./share/doc/norq/LICENSE; do
   grep -qx "$file" installed || { echo "not installed: $file" && exit 1; }
@@ -59,17 +67,18 @@ try "pkg-config" ./by_pkg_config
 version=$(sed -n 's/^#define NORQ_VERSION_.* //p' "$source/include/norq/version.h" | paste -sd .)
 [ "$(pkg-config --modversion norq)" = "$version" ] || { echo "another version" && exit 1; }
 
-configure -S "$source/tests/consumer" -B sub -DNORQ_BY=subdirectory -DNORQ_SOURCE="$source"
+(echo 'cmake_minimum_required(VERSION 3.16)' && echo 'project(host CXX)' && block cmake) >host/CMakeLists.txt
+cp "$program" host/greet.cc
+configure -S host -B sub
 build sub
-try "add_subdirectory" sub/consumer
-(cd "$source" && tar --exclude=./build --exclude=./.git -czf "$folder/norq.tar.gz" .)
-configure -S "$source/tests/consumer" -B fetch -DNORQ_BY=fetch -DNORQ_SOURCE="$folder/norq.tar.gz"
+try "add_subdirectory" sub/greet
+configure -S "$source/tests/consumer" -B fetch -DNORQ_BY=fetch -DNORQ_SOURCE="$folder/norq.tar"
 build fetch
 try "FetchContent" fetch/consumer
 
 for way in sub fetch; do
   targets=$(cmake --build "$way" --target help | sed -n 's/^\.\.\. //p' | grep -v '\.\(i\|s\|o\)$' |
-    grep -vx 'all.*\|clean\|depend\|edit_cache\|rebuild_cache\|consumer\|norq\|install.*\|list.*' || true)
+    grep -vx 'all.*\|clean\|depend\|edit_cache\|rebuild_cache\|consumer\|greet\|norq\|install.*\|list.*' || true)
   [ -z "$targets" ] || { echo "brings targets of its own: $targets" && exit 1; }
 done
 
