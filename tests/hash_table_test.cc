@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "session.h"
+#include <vector>
 
 namespace norq::hsh {
 
@@ -37,8 +37,6 @@ TEST(HashTable, PoolsCarveGrowingChunksAndReuseTheLastFreed) {
   };
   for (const float factor : {2.5f, 1e30f}) {
     MemoryPool<32, false> pool(2, factor, 6);
-    Starvation::left = 0;
-    EXPECT_THROW((Starvation(), pool.allocate()), std::bad_alloc);
     std::vector<void*> blocks;
     const auto allocate = [&](int) { return blocks.emplace_back(pool.allocate()); };
     const int third = factor < 3 ? 7 : 8;

@@ -4,10 +4,32 @@
 // fails.
 
 #include <clocale>
+#include <cstdlib>
 #include <iostream>
 #include <locale>
+#include <new>
 
 #include "session.h"
+
+// The gate for allocations: those by `operator new` anywhere and, by the linker's wrap option,
+// whose names these are, those by `malloc` in what is linked statically.
+extern "C" void* __real_malloc(std::size_t size);
+extern "C" void* __wrap_malloc(std::size_t size) {
+  using norq::Starvation;
+  const bool fails = Starvation::active && Starvation::left >= 0 && Starvation::left-- == 0;
+  return fails ? nullptr : __real_malloc(size);
+}
+void* operator new(std::size_t size) {
+  void* const memory = __wrap_malloc(size == 0 ? 1 : size);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
 
 namespace norq {
 

@@ -69,13 +69,11 @@ std::string state_of(const Parser& parser) {
     require(keys.size() == 1, "a set that could not be filled is as before");
     throw;
   }
-  std::string all;
-  for (const std::string& key : std::set<std::string>(keys.begin(), keys.end())) {
-    const bool is_set = parser->get_flag_option(key);
-    require(is_set || key == "text", key + " is set");
-    if (is_set) all += key + " " + read(parser, key) + "; ";
-  }
   require(keys.find("text") != keys.end(), "a set of keys keeps what it holds");
+  if (!parser->get_flag_option("text")) keys.erase("text");
+  std::string all;
+  for (const std::string& key : std::set<std::string>(keys.begin(), keys.end()))
+    all += key + " " + read(parser, key) + "; ";
   return all;
 }
 
@@ -211,10 +209,7 @@ std::string Session::run(const std::string& line) {
            str::rstrip<str::IsSpace>(key) + "|\n";
   }
   if (command == "tokens") return tokens_of(key, w[2], number(w[3])) + "\n";
-  if (command == "fill") {
-    while (table.size() < static_cast<unsigned>(number(key)) % 1000)
-      table[std::to_string(table.size())];
-  }
+  for (int i = number(key) % 1000; command == "fill" && i > 0; --i) table[std::to_string(i)];
   if (command == "table") {
     const std::pair<std::string, std::string> element(w[2], w[3]);
     const Starvation starvation;
