@@ -16,8 +16,8 @@
 
 namespace norq {
 
-/// Hands out uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's size and aligned
-/// for a pointer, and takes them back.
+/// Hands out uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's size, and takes
+/// them back. A block is aligned for every type of its size that `malloc` serves.
 ///
 /// A block taken back goes out again before any other (last in, first out); untouched blocks go out
 /// in ascending address order. Blocks are carved from chunks, one call of `malloc` each, whose
@@ -87,7 +87,7 @@ class MemoryPool {
   struct FreeBlock {
     FreeBlock* next;
   };
-  struct Chunk {  // followed by its blocks
+  struct alignas(std::max_align_t) Chunk {  // followed by its blocks, aligned like itself
     Chunk* previous;
     std::size_t block_count;
   };
@@ -131,7 +131,7 @@ class MemoryPool {
 /// alive when it goes: whoever made them frees them first.
 template <class T, bool Reserved>
 class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
-  static_assert(alignof(T) <= alignof(void*), "blocks are aligned for a pointer");
+  static_assert(alignof(T) <= alignof(std::max_align_t), "chunks are aligned by malloc");
 
  public:
   using MemoryPool<sizeof(T), Reserved>::MemoryPool;
