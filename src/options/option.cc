@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cfloat>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -121,6 +122,9 @@ constexpr std::size_t exact_digits = 15;
 constexpr std::array<double, exact_digits + 1> powers_of_ten = {
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
+// Whether a quotient of doubles is a double: some processors compute in a wider format.
+constexpr bool quotients_are_doubles = FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1;
+
 // Each of these converts a text into the member of `out` that is its kind's, or returns false if
 // the kind refuses the text.
 
@@ -159,17 +163,17 @@ bool parse_float(std::string_view text, Option::Value* out) {
   const std::size_t point = std::min(text.find('.'), text.size());
   const std::size_t digit_count = text.size() - (point < text.size() ? 1 : 0);
   if (digit_count == 0) return false;
+  const bool is_exact = quotients_are_doubles && digit_count <= exact_digits;
   std::int64_t digits = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (i == point) continue;
     if (!is_digit(text[i])) return false;
-    if (digit_count <= exact_digits) digits = digits * 10 + (text[i] - '0');
+    if (is_exact) digits = digits * 10 + (text[i] - '0');
   }
   const std::size_t fraction_length = digit_count - point;
   // Both operands are exact, so that the quotient is the nearest double.
-  const double value = digit_count <= exact_digits
-                           ? static_cast<double>(digits) / powers_of_ten[fraction_length]
-                           : convert_decimal(text, point, fraction_length);
+  const double value = is_exact ? static_cast<double>(digits) / powers_of_ten[fraction_length]
+                                : convert_decimal(text, point, fraction_length);
   out->float_value = static_cast<float>(value);
   return true;
 }
