@@ -26,8 +26,8 @@ lintian --allow-root --fail-on error build/packages/*.deb
 echo "== Trying the packages"
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-"${as_root[@]}" dpkg --install build/packages/*.deb
 trap '"${as_root[@]}" dpkg --purge libnorq-dev libnorq1' EXIT
+"${as_root[@]}" dpkg --install build/packages/*.deb
 cmake -S tests/consumer -B build/packaged -DNORQ_BY=find \
   -DNORQ_PROGRAM="$PWD/examples/minimal.cc"
 cmake --build build/packaged
