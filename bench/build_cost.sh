@@ -4,6 +4,7 @@
 # "size,norq,BYTES".
 # usage: build_cost.sh LIBNORQ WORK_DIRECTORY
 set -eu
+export LC_ALL=C  # numbers have points
 root=$(cd "$(dirname "$0")/.." && pwd)
 library=$1
 work=$2
