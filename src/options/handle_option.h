@@ -11,10 +11,8 @@ namespace norq {
 ///
 /// Returns whether `text` is acceptable for the kind of `opt`; if not, nothing changes. If so, the
 /// value is stored, unless the record holds one that came with a smaller level: then the text is
-/// only checked. Throws nothing but `std::bad_alloc`, and then changes nothing.
-///
-/// Integers beyond the range of int saturate to its ends. Floats round to the nearest double and
-/// from there to the nearest float, which may be zero or infinity.
+/// only checked. What texts each kind accepts, and what becomes of numbers out of range, stands at
+/// `OptionType`. Throws nothing but `std::bad_alloc`, and then changes nothing.
 bool handle_option(Option& opt, const std::string& text, int level);
 
 }  // namespace norq

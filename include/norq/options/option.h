@@ -8,14 +8,19 @@
 
 namespace norq {
 
-/// The kinds of options. The numbers are part of the interface; they order a help listing by type.
+/// The kinds of options, and the texts that each accepts as a value: these and no others, without
+/// white space around them. The numbers are part of the interface; they order a help listing by
+/// type.
+///
+/// Integers beyond the range of `int` become its ends. Floats become the nearest `double` and from
+/// that the nearest `float`, which may be zero or infinity.
 enum OptionType : int {
   OPT_BOOL = 0,   ///< "true" or "false"
-  OPT_UINT = 1,   ///< decimal digits
-  OPT_INT = 2,    ///< decimal digits, or '-' and decimal digits
-  OPT_FLOAT = 3,  ///< decimal digits with at most one '.' among or around them
-  OPT_STR = 4,    ///< any text, the empty one included
-  OPT_FLAG = 5,   ///< no value: set or not set
+  OPT_UINT = 1,   ///< one or more decimal digits
+  OPT_INT = 2,    ///< one or more decimal digits, with or without a '-' before them
+  OPT_FLOAT = 3,  ///< one or more decimal digits, with at most one '.' among or around them
+  OPT_STR = 4,    ///< any text, the empty one included; kept up to its first NUL byte
+  OPT_FLAG = 5,   ///< only the empty text: such an option is set or not set
   OPT_ENUM = 6,   ///< one of the option's registered value names
 };
 
@@ -39,7 +44,7 @@ class Option {
   /// A placeholder of type OPT_UINT with empty texts.
   Option() noexcept = default;
 
-  /// An option that is not set.
+  /// An option that is not set, with these values of `name`, `type`, `help`, `group` and `index`.
   Option(const std::string& option_name, OptionType option_type, const std::string& help_text,
          int help_group, int ordinal);
 
@@ -58,17 +63,18 @@ class Option {
   ~Option();
 
   /// Overwrites every field with a copy of the other's: the step that copying and assigning share.
-  /// The target must own no string value, for its buffer is not released. Changes nothing if it
-  /// throws `std::bad_alloc`.
+  /// (Only OPT_ENUM records have `enum_values` to copy.) The target must be another record, and own
+  /// no string value, for its buffer is not released. Changes nothing if it throws
+  /// `std::bad_alloc`.
   void copy_from(const Option& other);
 
   std::string name;            ///< the command line finds the option by it; help lists it
   OptionType type = OPT_UINT;  ///< the kind: what values it takes, and which of `value` counts
   std::string help;            ///< exactly "deprecated": listed without a help text
-  int group = 0;               ///< number of the help group, 0 for none
+  int group = 0;               ///< number of the help group, from 1 on; 0 for none
   bool is_set = false;         ///< whether a value has been stored
   int index = 0;               ///< 1 for the first option registered with a parser, then 2, ...
-  int level = 0;               ///< the level that came with the value last stored
+  int level = 0;               ///< the level that came with the value last stored; else 0
 
   std::unique_ptr<EnumValues> enum_values;  ///< OPT_ENUM: null until a value name is registered
   Value value = {nullptr};                  ///< zero while not set

@@ -43,8 +43,9 @@ enum OptionPrintStyle : int {
 /// and names are byte strings, compared byte for byte.
 ///
 /// An option has no default: until a value is stored it is not set, and reading it leaves the
-/// host's variable as it is. Each source of settings has a level; a value that came with a smaller
-/// level is never replaced by one that comes with a larger, at equal levels the later wins.
+/// host's variable as it is. Each source of settings has a level, any `int`; a value that came with
+/// a smaller level is never replaced by one that comes with a larger, at equal levels the later
+/// wins. A value that is not stored for its level is checked all the same.
 ///
 /// Registering and reading report failure by their result; only the three parsing members throw an
 /// `Exception`. A member that allocates throws `std::bad_alloc` where memory ends, and leaves the
@@ -69,8 +70,8 @@ class OptionParser {
   // Registration
 
   /// Makes the help group of this name current, and creates it if it is new: options registered
-  /// from now on belong to it. Groups are listed in the order of their creation, after the options
-  /// registered before there was a group. Any text is a name.
+  /// from now on belong to it. Groups are numbered from 1 on as they are created, and listed in
+  /// that order, after the options registered before there was a group. Any text is a name.
   void set_cur_help_group(const std::string& group);
 
   /// Registers an option under `key`, in the current help group. Returns false, and changes
@@ -96,14 +97,16 @@ class OptionParser {
 
   // Setting
 
-  /// Applies an argument vector. Element 0, the program's name, is skipped. An argument that starts
-  /// with '-' (under BOOL_STYLE_PLUS_MINUS also with '+') is an option: the sign, the name and,
-  /// after the first '=', the value. All others are appended to `remaining` in their order.
-  /// There is no end-of-options mark, and a value is never taken from the next argument.
+  /// Applies an argument vector: `argc` NUL-terminated strings, of which element 0, the program's
+  /// name, is skipped. An argument that starts with '-' (under BOOL_STYLE_PLUS_MINUS also with '+')
+  /// is an option: the sign, the name and, after the first '=', the value. All others are appended
+  /// to `remaining` in their order, as copies. There is no end-of-options mark, and a value is
+  /// never taken from the next argument.
   ///
   /// Under BOOL_STYLE_NO_PREFIX "no_" after the sign switches a boolean off, so that an option
-  /// whose own name starts with "no_" is out of reach. Under BOOL_STYLE_VALUE a boolean's value may
-  /// be in any letter case. Costs time in proportion to the lengths of the arguments, and once that
+  /// whose own name starts with "no_" is out of reach; under BOOL_STYLE_PLUS_MINUS '-' does. No
+  /// other kind of option may be switched off. Under BOOL_STYLE_VALUE a boolean's value may be in
+  /// any letter case. Costs time in proportion to the lengths of the arguments, and once that
   /// to look at every option if names may differ from keys (after `get_option`, say).
   ///
   /// Throws `error` "unknown option" if no option has that name (unless the parser passes such
@@ -119,12 +122,12 @@ class OptionParser {
   /// Throws `Exception` "unable to open config file: FILE", "invalid line N in config file: FILE"
   /// for a statement without '=', and the same followed by " (REASON)" for one that `parse_option`
   /// does not accept, or has no memory for. N is the number of the statement's last line, or of the
-  /// file's if it ends while the statement goes on. What was applied before that stays. A read
-  /// error ends the file.
+  /// file's if it ends while the statement goes on. None of these is an `error`. What was applied
+  /// before that stays. A read error ends the file.
   void parse_config_file(const std::string& file_name, int level);
 
   /// Sets one option. Throws `error` "unknown option" if `key` is not registered and "bad value for
-  /// option" if its type refuses `value`; the option is then unchanged.
+  /// option" if its type refuses `value`, whatever the level; the option is then unchanged.
   void parse_option(const std::string& key, const std::string& value, int level);
 
   // Reading
@@ -159,16 +162,22 @@ class OptionParser {
   // Help
 
   /// Writes `heading` and a line feed, unless it is empty, and then all options to `out`, and
-  /// flushes it; whether all was written is in the state of `out`. Costs O(n log n) comparisons for
-  /// n options.
+  /// flushes it. What `out` could not take, for want of memory as well, its state tells. Sorts n
+  /// options by O(n log n) comparisons; where names are equal, the order follows from that of the
+  /// option table and from `sort`.
   ///
-  /// An option's entry is its name with a mark of its kind; its help text follows, that of an
-  /// OPT_ENUM with the list of its values. Unless the style is PRINT_STYLE_TAB, lines are cut at
-  /// line feeds and filled to 80 columns: every word is followed by a space, no word is broken, and
-  /// next to an entry of 79 bytes or more nothing is filled. A help text "deprecated" is left out.
+  /// An option's entry is " -NAME", followed by "=INT", "=FLOAT", "=STR" or "=ENUM" unless it is an
+  /// OPT_FLAG; that of an OPT_BOOL is " -[no_]NAME", " (+|-)NAME" or " -NAME=BOOL", as the style of
+  /// booleans is. Its help text follows, that of an OPT_ENUM with a line "Possible values:" and one
+  /// line "- VALUE : HELP" for each value name; but none if it is exactly "deprecated".
+  ///
+  /// Unless the style is PRINT_STYLE_TAB, help texts are cut at line feeds, and lines that do not
+  /// fit into 80 columns are filled: every white-space byte ends a word, every word is followed by
+  /// a space, and none is broken. Next to an entry of 79 bytes or more nothing is filled.
+  ///
   /// By group, each group's name stands above it, an empty line above the name; options without a
   /// group come first, under an empty name. Changes no option, but a group number without a name
-  /// gets an empty one. What `out` could not take, for want of memory as well, its state tells.
+  /// gets an empty one.
   void print_help(std::ostream& out, const std::string& heading, OptionPrintOrder order,
                   OptionPrintStyle style);
 

@@ -136,7 +136,8 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
  public:
   using MemoryPool<sizeof(T), Reserved>::MemoryPool;
 
-  /// A new object made from `arguments`. If its constructor throws, the block is back in the pool.
+  /// A new object made from `arguments`. Throws `std::bad_alloc`, and what its constructor throws:
+  /// then the block is back in the pool.
   template <class... Arguments>
   T* create(Arguments&&... arguments) {
     void* const block = this->allocate();

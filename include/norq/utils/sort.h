@@ -127,6 +127,8 @@ void insertion_sort(T* first, const T* last, Compare& cmp) {
 /// the sequence of answers of `cmp`, and is the same on every platform. In place, O(n log n)
 /// comparisons at the worst, no allocation of its own, and a stack bounded by a constant. Throws
 /// what `cmp` and the moves and copies of elements throw; the elements are then in no useful state.
+/// Elements are moved, and one at a time, the pivot, is copied. `Size` is the unsigned type in
+/// which they are counted.
 template <class T, class Size = std::size_t, class Compare>
 void sort(T* first, T* last, Compare cmp) {
   const auto n = static_cast<Size>(last - first);
