@@ -24,8 +24,7 @@ struct SlowOption {
 
   bool take(const std::string& text, int new_level) {
     std::string digits = text.substr(type == OPT_INT && text[0] == '-' ? 1 : 0);
-    const std::size_t point = digits.find('.');
-    if (type == OPT_FLOAT && point != std::string::npos) digits.erase(point, 1);
+    if (type == OPT_FLOAT) digits.erase(std::min(digits.find('.'), digits.size()), 1);
     const bool is_number =
         !digits.empty() && digits.find_first_not_of("0123456789") == std::string::npos;
     std::ostringstream out;

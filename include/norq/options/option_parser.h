@@ -103,11 +103,12 @@ class OptionParser {
   /// to `remaining` in their order, as copies. There is no end-of-options mark, and a value is
   /// never taken from the next argument.
   ///
-  /// Under BOOL_STYLE_NO_PREFIX "no_" after the sign switches a boolean off, so that an option
-  /// whose own name starts with "no_" is out of reach; under BOOL_STYLE_PLUS_MINUS '-' does. No
-  /// other kind of option may be switched off. Under BOOL_STYLE_VALUE a boolean's value may be in
-  /// any letter case. Costs time in proportion to the lengths of the arguments, and once that
-  /// to look at every option if names may differ from keys (after `get_option`, say).
+  /// Under BOOL_STYLE_NO_PREFIX "no_" after the sign is taken off and switches a boolean off; one
+  /// whose own name starts with "no_" can only be switched off, by "-no_no_" and the rest. Under
+  /// BOOL_STYLE_PLUS_MINUS '-' switches off. No other kind of option may be switched off. Under
+  /// BOOL_STYLE_VALUE a boolean's value may be in any letter case. Costs time in proportion to the
+  /// lengths of the arguments, and once that to look at every option if names may differ from keys
+  /// (after `get_option`, say).
   ///
   /// Throws `error` "unknown option" if no option has that name (unless the parser passes such
   /// arguments on to `remaining`), and "bad option format" if the form does not suit the option's
