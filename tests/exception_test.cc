@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
 #include <locale>
-
-#include "norq/options/option_parser.h"
+#include <string>
+#include <vector>
 
 using Strings = std::vector<std::string>;
 
@@ -39,23 +37,6 @@ TEST(Exception, TheTextGrowsByInsertionAndTheHookSeesItsStart) {
   EXPECT_STREQ(copy.what(), "ab3c12345--1");
   EXPECT_STREQ(Exception("quiet", false).what(), "quiet");
   EXPECT_EQ(dumped, Strings{"a"});  // once, and not for the copy
-}
-
-TEST(Exception, TheHookSeesTheLibrarysExceptions) {
-  OptionParser parser(BOOL_STYLE_NO_PREFIX, false);
-  parser.add_option("n", OPT_INT, "");
-  const char* const argv[] = {"host", "-n=x"};
-  Strings rest;
-  const std::string path = std::string("exception_test.") + NORQ_LINKED_AS;
-  std::ofstream(path) << "n = x\n";
-  dumped.clear();
-  EXPECT_THROW(parser.parse_option("x", "", 0), OptionParser::error);
-  EXPECT_THROW(parser.parse_args(2, argv, rest, 0), OptionParser::error);
-  EXPECT_THROW(parser.parse_config_file("no/such/file", 0), Exception);
-  EXPECT_THROW(parser.parse_config_file(path, 0), Exception);
-  EXPECT_EQ(dumped, (Strings{"unknown option", "bad option format", "unable to open config file: ",
-                             "bad value for option", "invalid line "}));
-  std::remove(path.c_str());
 }
 
 }  // namespace norq

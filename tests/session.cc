@@ -9,6 +9,14 @@
 
 #include "norq/utils/string_utils.h"
 
+// What the hook saw last. It is not starved, as it must not throw.
+static std::string announced;
+void norq::Exception::dump_msg_and_raise_assertion() {
+  const bool active = std::exchange(Starvation::active, false);
+  announced = what();
+  Starvation::active = active;
+}
+
 namespace norq {
 
 int number(const std::string& word) {
@@ -32,17 +40,21 @@ std::string read(const Parser& parser, const std::string& key) {
 }
 
 std::string refusal_of(const std::function<void()>& call) {
+  announced = "nothing";
   try {
     call();
   } catch (const OptionParser::error& caught) {
     const OptionParser::error error(caught);
     std::string end = ": " + error.name + ", value: " + error.value;
     if (!error.command_line.empty()) end += ", command-line: " + error.command_line;
-    const std::string text = error.what();
-    require(text == caught.what() && text.substr(text.find(':')) == end.c_str(), text);
+    const std::string text = error.what(), start = text.substr(0, text.find(':'));
+    require(text == caught.what() && text == start + end.c_str(), text);
+    require(announced == start, "the hook sees " + announced);
     return text;
   } catch (const Exception& exception) {
-    return exception.what();
+    const std::string text = exception.what();
+    require(text.rfind(announced, 0) == 0, "the hook sees " + announced);
+    return text;
   }
   return "";
 }
