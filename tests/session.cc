@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -27,14 +28,16 @@ std::string read(const Parser& parser, const std::string& key) {
   std::ostringstream out;
   out.imbue(std::locale::classic());
   out.precision(9);  // tells any two floats apart
-  bool on;
-  int code;
-  float real;
-  std::string text;
-  if (parser->get_bool_option(key, &on)) out << "bool " << on << " ";
-  if (parser->get_int_option(key, &code)) out << "int " << code << " ";
-  if (parser->get_float_option(key, &real)) out << "float " << real << " ";
-  if (parser->get_str_option(key, &text)) out << "str " << text << " ";
+  const auto append = [&](const char* type, auto getter, const auto before) {
+    auto value = before;
+    const bool answers = (Starvation(), (parser.get()->*getter)(key, &value));
+    if (answers) out << type << " " << value << " ";
+    require(answers || value == before, "a getter without an answer writes nothing");
+  };
+  append("bool", &OptionParser::get_bool_option, true);
+  append("int", &OptionParser::get_int_option, 1);
+  append("float", &OptionParser::get_float_option, 1.0F);
+  append("str", &OptionParser::get_str_option, std::string("before"));
   const bool set = parser->get_flag_option(key);
   return out.str() + (set ? "set" : "not set");
 }
@@ -47,9 +50,8 @@ std::string refusal_of(const std::function<void()>& call) {
     const OptionParser::error error(caught);
     std::string end = ": " + error.name + ", value: " + error.value;
     if (!error.command_line.empty()) end += ", command-line: " + error.command_line;
-    const std::string text = error.what(), start = text.substr(0, text.find(':'));
-    require(text == caught.what() && text == start + end.c_str(), text);
-    require(announced == start, "the hook sees " + announced);
+    const std::string text = error.what();
+    require(text == caught.what() && text == announced + end.c_str(), text);
     return text;
   } catch (const Exception& exception) {
     const std::string text = exception.what();
@@ -128,8 +130,8 @@ std::string unescape(const std::string& word) {
 std::string show(const Parser& parser, const std::string& key) {
   const Option* const o = parser->get_option(key);
   OptionType type = OptionType(99);
-  const bool known = parser->has_option(key, nullptr) && parser->has_option(key, &type);
-  require(known == (o != nullptr) && known == (type != 99), key);
+  const bool known = parser->has_option(key, &type) && parser->has_option(key, nullptr);
+  require(known == (o != nullptr) && type == (known ? o->type : OptionType(99)), key);
   const std::string& help = parser->get_option_help(key);
   if (o == nullptr) return "absent " + help;
   std::ostringstream out;
@@ -141,13 +143,12 @@ std::string show(const Parser& parser, const std::string& key) {
   return out.str();
 }
 
-std::string tokens_of(const std::string& text, const std::string& delimiters, int limit) {
+std::string tokens_of(const std::string& text, const std::string& delimiters, unsigned limit) {
   const Starvation starvation;
-  const auto parts = static_cast<std::size_t>(limit);
-  str::Tokenizer tokens = str::get_tokenizer(text, delimiters.c_str(), parts);
+  str::Tokenizer tokens = str::get_tokenizer(text, delimiters.c_str(), limit);
   using Words = str::Tokenizer::TokenizerImpl<str::IsSpace>;
   if (delimiters == "SPACE")
-    tokens = str::Tokenizer(std::make_unique<Words>(text, str::IsSpace(), parts));
+    tokens = str::Tokenizer(std::make_unique<Words>(text, str::IsSpace(), limit));
   std::string walked, last;
   str::TokenIterator it = tokens.begin();
   for (; it != tokens.end(); ++it) walked += (last = *it) + "@" + std::to_string(it.pos) + " ";
@@ -186,7 +187,7 @@ std::string Session::run(const std::string& line) {
   if (Option* const o = of_records.count(command) == 1 ? p->get_option(key) : nullptr) {
     if (command == "rename") o->name = w[2];
     if (command == "regroup") o->group = number(w[2]);
-    if (command == "retype") o->type = OptionType(number(w[2]));
+    if (command == "retype" && !o->is_set) o->type = OptionType(number(w[2]));
     if (command == "mark") o->is_set = true;
     if (command == "copy" && p->has_option(w[2], nullptr)) {
       Option copied;
@@ -220,7 +221,7 @@ std::string Session::run(const std::string& line) {
     return str::strip<str::IsSpace>(key) + "|" + str::lstrip<str::IsSpace>(key) + "|" +
            str::rstrip<str::IsSpace>(key) + "|\n";
   }
-  if (command == "tokens") return tokens_of(key, w[2], number(w[3])) + "\n";
+  if (command == "tokens") return tokens_of(key, w[2], unsigned(number(w[3]))) + "\n";
   for (int i = number(key) % 1000; command == "fill" && i > 0; --i) table[std::to_string(i)];
   if (command == "table") {
     const std::pair<std::string, std::string> element(w[2], w[3]);
@@ -230,7 +231,7 @@ std::string Session::run(const std::string& line) {
     if (key == "emplace") table.try_emplace(w[2], w[3]);
     if (key == "insert") table.insert(element);
     if (key == "node") other.new_Bucket(element), other.discard();
-    if (key == "rehash") table.rehash(static_cast<unsigned>(number(w[2])));
+    if (key == "rehash") table.rehash(unsigned(std::abs(number(w[2]))));
     if (key == "clear") table.clear(true);
     if (key == "discard") table.discard();
     return std::to_string(table.size()) + " in " + std::to_string(table.bucket_count()) + "\n";
