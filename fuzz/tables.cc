@@ -9,19 +9,15 @@ struct SlowTable {
   Strings keys;
   std::size_t bucket_count = 31;
 
-  std::size_t bucket(const std::string& key) const {
-    return hsh::hash<std::string>()(key) % bucket_count;
-  }
-  Strings::iterator find(const std::string& key) {
-    return std::find(keys.begin(), keys.end(), key);
-  }
+  auto bucket(const std::string& key) const { return hsh::hash<std::string>()(key) % bucket_count; }
+  auto find(const std::string& key) { return std::find(keys.begin(), keys.end(), key); }
   void link(const std::string& key) {
     const auto not_before = [&](const std::string& other) { return bucket(other) >= bucket(key); };
     keys.insert(std::find_if(keys.begin(), keys.end(), not_before), key);
   }
   void rehash(std::size_t wanted) {
     if (wanted <= bucket_count) return;
-    const std::size_t primes[] = {73, 151, 313, 643, 1291, 2593};
+    const std::size_t primes[] = {73, 151, 313, 643, 1291, 2593, 5233, 10501};
     bucket_count = *std::lower_bound(std::begin(primes), std::end(primes), wanted);
     for (const std::string& key : std::exchange(keys, {})) link(key);
   }
@@ -49,20 +45,22 @@ void check(const std::string& input) {
     if (call == 4) {
       std::size_t bucket = 0;
       decltype(table)::Bucket* node = nullptr;
-      require(table.do_insert({key, token}, &bucket, &node) == slow.insert(key) &&
+      std::pair<std::string, std::shared_ptr<int>> element(key, token);
+      const bool absent = slow.insert(key);
+      require(table.do_insert(std::move(element), &bucket, &node) == absent &&
                   bucket == slow.bucket(key) && node->value.first == key,
               "do_insert");
+      require((element.second == nullptr) == absent, "only what is inserted is moved");
     }
     if (call == 5) require(table.try_emplace(key, token) == slow.insert(key), "try_emplace");
     if (call > 5 && call < 8) slow.insert(key), table[key] = token;
     if (call > 7 && call < 14) require(table.erase(key) == slow.erase(key), "erase");
     const std::size_t wanted = argument % 2 == 0 ? argument * 4 : table.bucket_count();
     if (call == 14) slow.rehash(wanted), table.rehash(wanted);
-    if (call == 15 && argument % 8 < 3) {
-      if (argument % 8 == 2) table.discard(), blocks.clear(), most = 0;
-      if (argument % 8 < 2) table.clear(argument % 8 == 1);
-      slow.keys.clear();
-    }
+    const unsigned emptying = call == 15 ? argument % 8 : 7;  // in three ways, or not
+    if (emptying < 2) table.clear(emptying == 1);
+    if (emptying == 2) table.discard(), blocks.clear(), most = 0;
+    if (emptying < 3) slow.keys.clear();
     const auto found = table.find(key);
     require((found != table.end()) == (slow.find(key) != slow.keys.end()), "find");
     if (found != table.end()) blocks.insert(&*found);
@@ -70,8 +68,7 @@ void check(const std::string& input) {
     require(blocks.size() <= most, "a block is used again before a new one");
     require(table.size() == slow.keys.size() && table.bucket_count() == slow.bucket_count,
             "counts");
-    require(token.use_count() == static_cast<long>(slow.keys.size()) + 1,
-            "each element lives once");
+    require(token.use_count() == 1 + long(table.size()), "each element lives once");
   }
   auto element = table.begin();
   for (const std::string& key : slow.keys) require((element++)->first == key, "order");
