@@ -20,14 +20,12 @@ static std::string take(std::vector<SlowOption>& options, int style, bool pass_u
   const bool known = option != options.end();
   if (!known && pass_unknown) return rest->push_back(argument), "";
   const bool negated = no || (style == BOOL_STYLE_PLUS_MINUS && !plus);
-  bool fits = known && (option->type == OPT_BOOL || !negated);
-  if (known && option->type == OPT_BOOL && style == BOOL_STYLE_VALUE) {
-    for (char& byte : value)
-      byte = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : byte;
-  } else if (known && option->type == OPT_BOOL) {
-    fits = value.empty();
-    if (fits) value = negated ? "false" : "true";
-  }
+  const bool is_bool = known && option->type == OPT_BOOL;
+  const bool by_form = is_bool && style != BOOL_STYLE_VALUE;  // sign or prefix stand for the value
+  const bool fits = known && (by_form ? value.empty() : !negated);
+  if (fits && by_form) value = negated ? "false" : "true";
+  for (char& byte : value)
+    if (is_bool && !by_form && byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte + 32);
   if (fits && option->take(value, level)) return "";
   return std::string(known ? "bad option format" : "unknown option") + ": " + name +
          ", value: " + value + ", command-line: " + argument;

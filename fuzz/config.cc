@@ -35,7 +35,7 @@ void check(const std::string& input) {
   session.run("add real 3");
   std::istringstream lines(input);
   std::string line, statement, separator, expected;
-  for (int number = 1; expected.empty() && std::getline(lines, line); ++number) {
+  for (int line_count = 1; expected.empty() && std::getline(lines, line); ++line_count) {
     line = strip(line);
     const bool counts = !line.empty() && line[0] != '#';
     const bool continued = counts && line.back() == '\\';
@@ -46,7 +46,7 @@ void check(const std::string& input) {
     const bool complete = (counts && !continued) || lines.peek() == EOF;
     if (!complete || statement.empty()) continue;
     expected = take(options, statement);
-    if (!expected.empty()) expected = "invalid line " + std::to_string(number) + expected;
+    if (!expected.empty()) expected = "invalid line " + std::to_string(line_count) + expected;
     statement = separator = "";
   }
   for (const SlowOption& o : options)

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <limits>
 #include <sstream>
 
 #include "../tests/session.h"
@@ -20,7 +19,7 @@ struct SlowOption {
   std::string name;
   int type;
   std::string state = "not set";  // what the getters answer
-  int level = std::numeric_limits<int>::max();
+  int level = 0;                  // that its value came with
 
   bool take(const std::string& text, int new_level) {
     std::string digits = text.substr(type == OPT_INT && text[0] == '-' ? 1 : 0);
@@ -40,7 +39,7 @@ struct SlowOption {
     if (type == OPT_ENUM && text == "fast") out << "int 7";
     const bool is_flag = type == OPT_FLAG && text.empty();
     if (out.str().empty() && !is_flag) return false;
-    if (new_level > level) return true;
+    if (state != "not set" && new_level > level) return true;
     level = new_level;
     state = out.str() + (is_flag ? "set" : " set");
     return true;
