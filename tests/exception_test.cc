@@ -4,15 +4,12 @@
 
 #include <locale>
 #include <string>
-#include <vector>
 
-using Strings = std::vector<std::string>;
-
-static Strings dumped;
+static std::string dumped;
 
 // This program's own hook. The tests pass only where it is the one that the library calls.
 void norq::Exception::dump_msg_and_raise_assertion() {
-  dumped.emplace_back(what());
+  dumped.append(what()) += ';';
 }
 
 namespace norq {
@@ -24,7 +21,6 @@ struct Thousands : std::numpunct<char> {
 
 TEST(Exception, TheTextGrowsByInsertionAndTheHookSeesItsStart) {
   std::locale::global(std::locale(std::locale::classic(), new Thousands));
-  dumped.clear();
   Exception exception("a", true);
   exception << "b" << 3;
   EXPECT_STREQ(exception.what(), "ab3");
@@ -36,7 +32,7 @@ TEST(Exception, TheTextGrowsByInsertionAndTheHookSeesItsStart) {
   copy << std::string("c") << 12345 << '-' << -1;
   EXPECT_STREQ(copy.what(), "ab3c12345--1");
   EXPECT_STREQ(Exception("quiet", false).what(), "quiet");
-  EXPECT_EQ(dumped, Strings{"a"});  // once, and not for the copy
+  EXPECT_EQ(dumped, "a;");  // once, and not for the copy
 }
 
 }  // namespace norq
