@@ -10,6 +10,7 @@ shared=$([ "$2" = shared ] && echo ON || echo OFF)
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
+export CMAKE_GENERATOR='Unix Makefiles'  # whose list of targets is read below
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 
 configure() {
@@ -56,6 +57,7 @@ if cmake -S . -B newer -DNORQ_BY=find -DNORQ_PROGRAM="$program" -DCMAKE_PREFIX_P
   echo "passes for a version 2.0"
   exit 1
 fi
+grep -q 'requested version "2.0"' log || fail
 
 PKG_CONFIG_PATH=$(dirname "$(find "$folder/moved" -name norq.pc)")
 export PKG_CONFIG_PATH
