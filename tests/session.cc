@@ -151,8 +151,8 @@ std::string tokens_of(const std::string& text, const std::string& delimiters, un
     tokens = str::Tokenizer(std::make_unique<Words>(text, str::IsSpace(), limit));
   std::string walked, last;
   str::TokenIterator it = tokens.begin();
-  for (; it != tokens.end(); ++it) walked += (last = *it) + "@" + std::to_string(it.pos) + " ";
-  require(*it++ == last && it == tokens.end(), "an iterator stays at its end");
+  for (; it != tokens.end(); walked += (last = *it++) + " ") walked += std::to_string(it.pos) + "@";
+  require(++it == tokens.end() && *it == last, "an iterator stays at its end");
   str::Tokenizer empty;
   require(empty.begin() == empty.end() && it != empty.end(), "an empty handle has no tokens");
   return walked;
