@@ -39,7 +39,7 @@ tar -C "$source" --exclude=./build --exclude=./.git -cf norq.tar .
 tar -C host/norq -xf norq.tar
 block sh | sed "s/cmake -S/cmake -DBUILD_SHARED_LIBS=$shared -S/" >install.sh
 (cd host/norq && HOME=$folder bash -eu ../../install.sh) >log 2>&1 || fail
-mv norq moved
+mv .local moved
 (cd moved && find . -type f -o -type l) | sed 's/x86_64[^/]*\///' | sort >installed
 for file in ./include/norq/options/option_parser.h ./share/doc/norq/LICENSE; do
   grep -qx "$file" installed || { echo "not installed: $file" && exit 1; }
