@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # Feeds the player (tests/play.cc) with what strangers may write: input that is huge, odd or changes
-# under the reader's hands. Usage: hostile_input.sh PLAYER. Every case has a minute, which nothing
-# that takes time in proportion to its input needs, and nothing that takes its square keeps.
+# under the reader's hands. Usage: hostile_input.sh PLAYER HOST, the latter the README's program,
+# which has no diagnostic hook of its own. Every case has a minute, which nothing that takes time in
+# proportion to its input needs, and nothing that takes its square keeps.
 set -eu
 shopt -s lastpipe  # `expect` runs behind pipes and counts the failures
 player=$1
+host=$2
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
@@ -83,6 +85,14 @@ printf 'sample 0\npath 0 no\\ssuch%%s%%n\\nfile\n' | expect "a missing file with
 echo 'nothing' >"$odd"
 printf 'invalid line 1 in config file: %s\n\n' "$odd" >expected
 printf 'sample 0\npath 0 no\\ssuch%%s%%n\\nfile\n' | expect "a refused file with an odd name"
+
+printf 'unknown option: %s, value: =\377, command-line: -%s==\377\nstatus 2\n' "$odd" "$odd" >whole
+if { "$host" "-$odd=="$'\377' || echo "status $?"; } 2>&1 | cmp - whole; then
+  echo "ok: a host without a hook"
+else
+  echo "FAILED: a host without a hook"
+  failures=$((failures + 1))
+fi
 
 echo "Files that are none, or do not stay"
 mkfifo fifo
