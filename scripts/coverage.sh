@@ -6,7 +6,6 @@ set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
-has_googletest() { echo '#include <gtest/gtest.h>' | g++ -E -x c++ -; }
 need_build_tools
 need g++ command -v g++
 need libgtest-dev has_googletest

@@ -5,6 +5,8 @@
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 seconds=${1:-60}
+case $seconds in *[!0-9]*) echo "usage: fuzz.sh [SECONDS]" >&2 && exit 2 ;; esac
+targets=(arguments calls config tables)
 . scripts/requirements.sh
 
 has_libfuzzer() {
@@ -23,7 +25,7 @@ cmake -S . -B build/fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWith
   -DNORQ_LIBFUZZER=ON -DNORQ_TEST_WITH_OTHERS=OFF -DNORQ_BUILD_EXAMPLES=OFF \
   -DCMAKE_CXX_FLAGS="-fsanitize=$sanitizers,fuzzer-no-link -fno-sanitize-recover=all"
 cmake --build build/fuzz --parallel "$(nproc)" \
-  --target fuzz_arguments fuzz_calls fuzz_config fuzz_tables
+  --target "${targets[@]/#/fuzz_}"
 
 fuzz() {
   mkdir -p "corpus/$1"
@@ -41,5 +43,5 @@ cd build/fuzz
 export seconds
 export -f fuzz
 echo "== Fuzzing"
-printf '%s\n' arguments calls config tables |
+printf '%s\n' "${targets[@]}" |
   xargs -n 1 -P "$(nproc)" bash -c 'fuzz "$0"'

@@ -11,6 +11,8 @@ need() {
   "$@" >/dev/null 2>&1 || missing_packages+=("$package")
 }
 
+has_googletest() { echo '#include <gtest/gtest.h>' | "${CXX:-c++}" -E -x c++ -; }
+
 need_build_tools() {
   need g++ command -v "${CXX:-c++}"
   need cmake command -v cmake

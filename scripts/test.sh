@@ -1,11 +1,10 @@
 #!/usr/bin/env bash
 # Builds norq with the address and undefined-behaviour sanitizers and runs every test.
-# Arguments go to ctest: `./scripts/test.sh -R ConfigFile`.
+# Arguments go to ctest: `./scripts/test.sh -R Session.config_file`.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
-has_googletest() { echo '#include <gtest/gtest.h>' | "${CXX:-c++}" -E -x c++ -; }
 need_build_tools
 need libgtest-dev has_googletest
 need pkgconf command -v pkg-config

@@ -40,9 +40,8 @@ tar -C host/norq -xf norq.tar
 block sh | sed "s/cmake -S/cmake -DBUILD_SHARED_LIBS=$shared -S/" >install.sh
 (cd host/norq && HOME=$folder bash -eu ../../install.sh) >log 2>&1 || fail
 mv .local moved
-(cd moved && find . -type f -o -type l) | sed 's/x86_64[^/]*\///' | sort >installed
-for file in ./include/norq/options/option_parser.h ./share/doc/norq/LICENSE; do
-  grep -qx "$file" installed || { echo "not installed: $file" && exit 1; }
+for file in include/norq/options/option_parser.h share/doc/norq/LICENSE; do
+  [ -e "moved/$file" ] || { echo "not installed: $file" && exit 1; }
 done
 if grep -rI "$folder" moved; then
   echo "names the place where it was made"
@@ -87,8 +86,9 @@ done
 if [ "$shared" = ON ]; then
   library=$(find moved -name 'libnorq.so.1.*')
   objdump -p "$library" | grep -q 'SONAME *libnorq.so.1$' || { echo "no soname" && exit 1; }
-  nm -DC --defined-only "$library" | cut -c 20- | grep -v '^norq::[EOhs]' |
-    grep -v '^\(typeinfo\|typeinfo name\|vtable\) for norq::' >not_public || true
+  nm -DC --defined-only "$library" | cut -c 20- |
+    grep -vE '^((typeinfo|typeinfo name|vtable) for )?norq::(Exception|Option|OptionParser|hsh|str)\b' \
+      >not_public || true
   [ ! -s not_public ] || { echo "exports what is not public:" && cat not_public && exit 1; }
   echo "ok: soname and symbols"
 fi
