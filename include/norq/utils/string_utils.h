@@ -139,7 +139,7 @@ class TokenizerBase {
   virtual std::size_t next_pos() = 0;
 
   /// The current token, valid until the next one becomes current.
-  virtual const std::string& cur_token() const = 0;
+  virtual const std::string& cur_token() = 0;
 };
 
 /// Owns a tokenizer, or nothing: then its sequence is empty. Moved, but not copied; the iterators
@@ -190,10 +190,9 @@ template <class Pred>
 class Tokenizer::TokenizerImpl : public TokenizerBase {
  public:
   /// Keeps the address of `whole`, which must live and stay unchanged as long as the tokenizer is
-  /// used. A `limit` of 0 means no limit.
+  /// used: a temporary lives to the end of its full expression. A `limit` of 0 means no limit.
   TokenizerImpl(const std::string& whole, Pred is_separator, std::size_t limit)
       : text(&whole), pred(std::move(is_separator)), max_splits(limit) {}
-  TokenizerImpl(std::string&& whole, Pred is_separator, std::size_t limit) = delete;
 
   TokenIterator begin() override {
     advance();
@@ -207,7 +206,7 @@ class Tokenizer::TokenizerImpl : public TokenizerBase {
     return next;
   }
 
-  const std::string& cur_token() const override { return token; }
+  const std::string& cur_token() override { return token; }
 
  private:
   /// Makes the token that starts at `pos` current.
@@ -246,13 +245,12 @@ inline TokenIterator& TokenIterator::operator++() {
 }
 
 /// A tokenizer that cuts `text` at each byte of `delimiters`, at most `max_splits` times (0: no
-/// limit). `text` is kept by address and must outlive it; `delimiters`, not null, is copied.
+/// limit). `text` is kept by address and must outlive it, so that a temporary serves only within
+/// one expression; `delimiters`, not null, is copied.
 ///
 ///     str::Tokenizer parts = str::get_tokenizer(path, ":", 0);
 ///     std::vector<std::string> directories(parts.begin(), parts.end());
 Tokenizer get_tokenizer(const std::string& text, const char* delimiters, std::size_t max_splits);
-Tokenizer get_tokenizer(std::string&& text, const char* delimiters,
-                        std::size_t max_splits) = delete;
 
 }  // namespace norq::str
 
