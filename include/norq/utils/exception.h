@@ -2,14 +2,15 @@
 #define NORQ_UTILS_EXCEPTION_H
 
 #include <exception>
-#include <new>
+#include <ostream>
 #include <sstream>
 #include <string>
 
 namespace norq {
 
-/// The base of everything that norq throws on bad input. (Running out of memory, the one other
-/// failure, is `std::bad_alloc`.)
+/// The base of everything that norq throws on bad input. (Its other failures are the standard
+/// library's: `std::bad_alloc`, and `std::length_error` for a string longer than
+/// `std::string::max_size()`, which only 32-bit programs can meet.)
 ///
 /// The message is a stream: build the exception with its first words, append with `<<`, throw the
 /// result. Numbers look the same whatever locale the host has made the global one.
@@ -19,8 +20,12 @@ namespace norq {
 /// The private member `dump_msg_and_raise_assertion` is the diagnostic hook, called once for each
 /// exception made with the flag and never for a copy. The library's own does nothing; a host may
 /// define this member itself, to print a stack trace or to stop in a debugger, and its definition
-/// is then the one linked. `what()` tells it the first words of the message. It must not throw;
-/// when it returns, the exception is thrown.
+/// is then the one linked. In it, `what()` returns the first words of the message. It must not
+/// throw; when it returns, the exception is thrown.
+///
+/// The host's hook wins if it is in an object file of the program. norq's own may win if the hook
+/// is in a static archive (then list its object file, or `-Wl,--whole-archive` the archive, on the
+/// link line) or if a shared norq was linked with `-Bsymbolic` (then build norq without it).
 ///
 /// The class's symbols are visible even in a host that hides its own: a hook that the host defines
 /// must be seen by a shared norq.
@@ -35,17 +40,18 @@ class [[gnu::visibility("default")]] Exception : public std::exception {
   Exception& operator=(const Exception&) = delete;
   ~Exception() override;
 
-  /// Appends `x` as an output stream prints it. Throws `std::bad_alloc` if there is no memory for
-  /// it, and what an `operator<<` of T throws.
+  /// Appends `x` as an output stream prints it. Throws, unchanged, what the stream's buffer throws
+  /// (`std::bad_alloc`) and what the `operator<<` of T throws. If that only sets a state flag of
+  /// the stream, as for a null `const char*`, nothing is thrown and the stream ignores what
+  /// follows.
   template <class T>
   Exception& operator<<(const T& x) {
     msg << x;
-    // The stream keeps to itself what its buffer threw.
-    if (msg.bad()) throw std::bad_alloc();
+    rethrow();
     return *this;
   }
 
-  /// The message so far, or "" if there is no memory to build it in. The pointer stays valid until
+  /// The message so far, or "" if it cannot be built (out of memory). The pointer stays valid until
   /// the next call of `what` on this object or its destruction.
   const char* what() const noexcept override;
 
@@ -53,7 +59,20 @@ class [[gnu::visibility("default")]] Exception : public std::exception {
   /// The diagnostic hook.
   void dump_msg_and_raise_assertion();
 
-  std::ostringstream msg;
+  /// Keeps what it throws, because the inserters of a stream swallow it.
+  class Buffer : public std::stringbuf {
+   public:
+    std::exception_ptr thrown;
+
+   protected:
+    int_type overflow(int_type byte) override;
+  };
+
+  /// Throws what the buffer has thrown since the last call, if anything.
+  void rethrow();
+
+  Buffer buffer;
+  std::ostream msg{&buffer};
   mutable std::string what_buf;
 };
 
