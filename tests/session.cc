@@ -194,7 +194,7 @@ std::string Session::run(const std::string& line) {
       const Option& itself = copied;
       copied = *p->get_option(w[2]);
       copied = itself;
-      *o = Option(std::move(copied));
+      *o = copied;
     }
   }
   if (command == "add") return answer(p->add_option(key, OptionType(number(w[2])), w[3]));
@@ -230,10 +230,9 @@ std::string Session::run(const std::string& line) {
     if (key == "index") table[w[2]];
     if (key == "emplace") table.try_emplace(w[2], w[3]);
     if (key == "insert") table.insert(element);
-    if (key == "node") other.new_Bucket(element), other.discard();
+    if (key == "node") std::destroy_at(other.new_Bucket(element));
     if (key == "rehash") table.rehash(unsigned(std::abs(number(w[2]))));
     if (key == "clear") table.clear(true);
-    if (key == "discard") table.discard();
     return std::to_string(table.size()) + " in " + std::to_string(table.bucket_count()) + "\n";
   }
   if (command == "show") return show(p, key) + "\n";

@@ -1,19 +1,23 @@
 #ifndef NORQ_OPTIONS_HANDLE_OPTION_H
 #define NORQ_OPTIONS_HANDLE_OPTION_H
 
+#include <cstddef>
 #include <string>
 
 #include "norq/options/option.h"
 
 namespace norq {
 
-/// The one way by which a value, whatever its source, gets into a record.
+/// Stores a value in a record. Every source of values ends here.
 ///
-/// Returns whether `text` is acceptable for the kind of `opt`; if not, nothing changes. If so, the
-/// value is stored, unless the record holds one that came with a smaller level: then the text is
-/// only checked. What texts each kind accepts, and what becomes of numbers out of range, stands at
-/// `OptionType`. Throws nothing but `std::bad_alloc`, and then changes nothing.
+/// Returns whether `text` is acceptable for the type of `opt` (see `OptionType`); if not, nothing
+/// changes. An acceptable value is stored unless the record holds one that came with a smaller
+/// level. Throws only `std::bad_alloc`, and then changes nothing.
 bool handle_option(Option& opt, const std::string& text, int level);
+
+/// A NUL-terminated copy in a buffer from `malloc`, which the caller owns: how a record keeps a
+/// string value. Throws `std::bad_alloc`.
+char* duplicate(const char* bytes, std::size_t length);
 
 }  // namespace norq
 

@@ -26,7 +26,8 @@ enum OptionType : int {
 
 /// The record of one option. A record inside a parser belongs to the parser; a host that reaches it
 /// through `OptionParser::get_option` may change it, and the next parse or help listing sees the
-/// change. (Changing `type` is for records that are not set.) Copies own copies of everything.
+/// change. Once a record has a value, its `type` must not change and its `is_set` must stay true.
+/// Copies own copies of everything.
 class Option {
  public:
   /// The allowed value names of an enumeration, each with its code and its help text, in byte-wise
@@ -48,17 +49,11 @@ class Option {
   Option(const std::string& option_name, OptionType option_type, const std::string& help_text,
          int help_group, int ordinal);
 
-  ///@{
-  /// A copy shares nothing with its source. A record moved from is a placeholder.
+  /// A copy shares nothing with its source.
   Option(const Option& other);
-  Option(Option&& other) noexcept;
-  ///@}
 
-  ///@{
-  /// Both leave the target as it was if they throw (`std::bad_alloc`), and on self-assignment.
+  /// Leaves the target as it was if it throws (`std::bad_alloc`), and on self-assignment.
   Option& operator=(const Option& other);
-  Option& operator=(Option&& other) noexcept;
-  ///@}
 
   ~Option();
 
@@ -78,9 +73,6 @@ class Option {
 
   std::unique_ptr<EnumValues> enum_values;  ///< OPT_ENUM: null until a value name is registered
   Value value = {nullptr};                  ///< zero while not set
-
- private:
-  void swap(Option& other) noexcept;
 };
 
 }  // namespace norq
