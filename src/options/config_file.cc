@@ -2,6 +2,7 @@
 #include <ios>
 #include <istream>
 #include <locale>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -19,7 +20,7 @@ class StatementReader {
     file.imbue(std::locale::classic());  // another locale may convert the bytes
     file.open(file_name, std::ios_base::in | std::ios_base::binary);
     if (!file) throw Exception("unable to open config file: ", true) << file_name;
-    file.exceptions(std::ios_base::badbit);  // lest the stream keep a std::bad_alloc to itself
+    file.exceptions(std::ios_base::badbit);  // so that std::bad_alloc propagates
   }
 
   // Reads the next statement: the pieces of one or more lines, joined by spaces. False at the end
@@ -46,8 +47,13 @@ class StatementReader {
   // Reads up to the next line feed. A read error ends the file.
   bool read_line() {
     try {
-      if (!std::getline(file, line)) return false;
+      std::getline(file, line);
     } catch (const std::ios_base::failure&) {
+      return false;
+    }
+    if (!file) {
+      // Before the end of the file, only a full string stops std::getline.
+      if (!file.eof()) throw std::length_error("line exceeds std::string::max_size()");
       return false;
     }
     ++lines_read;
