@@ -2,7 +2,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "norq/options/option_parser.h"
@@ -30,35 +29,33 @@ bool is_negated(const std::string& argument, const std::string& prefix, OptionBo
 
 using OptionTable = hsh::HashMap<std::string, Option>;
 
-// Finds options by their names, in constant time on the average, as long as no name changes. Of
-// several options with one name it finds the first in the table's iteration order.
+// Finds options by their names, in constant time on average. Of several options with one name it
+// finds the first in the table's iteration order. Valid while no option is added, removed or
+// renamed.
 class NameIndex {
  public:
-  // If every name is its option's key, the table itself is the index: that takes no time if it is
-  // known, a look at each option if not. Otherwise an index is made.
-  NameIndex(OptionTable& option_table, bool known_to_be_keys) : options(option_table) {
-    names_are_keys =
-        known_to_be_keys || std::all_of(options.begin(), options.end(), [](const auto& entry) {
-          return entry.first == entry.second.name;
-        });
+  // Looks at every option. If every name is its option's key, the table itself is the index.
+  explicit NameIndex(OptionTable& option_table) : options(option_table) {
+    const bool names_are_keys = std::all_of(options.begin(), options.end(), [](const auto& entry) {
+      return entry.first == entry.second.name;
+    });
     if (names_are_keys) return;
-    first_by_name.reserve(options.size());
-    for (auto& [key, option] : options) first_by_name.emplace(option.name, &option);
+    first_by_name.emplace();
+    for (auto& [key, option] : options) first_by_name->try_emplace(option.name, &option);
   }
 
   Option* find(const std::string& name) {
-    if (names_are_keys) {
-      const auto found = options.find(name);
-      return found == options.end() ? nullptr : &found->second;
+    if (first_by_name.has_value()) {
+      const auto found = first_by_name->find(name);
+      return found == first_by_name->end() ? nullptr : found->second;
     }
-    const auto found = first_by_name.find(name);
-    return found == first_by_name.end() ? nullptr : found->second;
+    const auto found = options.find(name);
+    return found == options.end() ? nullptr : &found->second;
   }
 
  private:
   OptionTable& options;
-  bool names_are_keys;
-  std::unordered_map<std::string_view, Option*> first_by_name;
+  std::optional<hsh::HashMap<std::string_view, Option*, hsh::hash<std::string>>> first_by_name;
 };
 
 // The same in every locale, unlike tolower.
@@ -94,11 +91,11 @@ void OptionParser::parse_args(int argc, const char* const* argv,
     }
     argument = argv[i];
     split_option(argument, &name, &value, &prefix);
-    if (!index.has_value()) index.emplace(options, names_are_keys);
+    if (!index.has_value()) index.emplace(options);
     Option* const option = index->find(name);
     if (option == nullptr) {
       if (!pass_unknown) throw error("unknown option", name, value, argument);
-      remaining.push_back(argument);
+      remaining.emplace_back(argv[i]);
       continue;
     }
     const bool negated = is_negated(argument, prefix, bool_style);
@@ -112,17 +109,16 @@ void OptionParser::parse_args(int argc, const char* const* argv,
 
 void OptionParser::split_option(const std::string& argument, std::string* name, std::string* value,
                                 std::string* prefix) const {
-  const bool negated = bool_style == BOOL_STYLE_NO_PREFIX && argument.compare(1, 3, "no_") == 0;
-  prefix->assign(negated ? "no_" : "");
-  const std::size_t start = 1 + prefix->size();
-  const std::size_t equals = argument.find('=', start);
-  if (equals == std::string::npos) {
-    name->assign(argument, start);
-    value->clear();
-  } else {
-    name->assign(argument, start, equals - start);
-    value->assign(argument, equals + 1);
-  }
+  std::string_view rest = argument;
+  rest.remove_prefix(1);  // the sign
+  const bool negated = bool_style == BOOL_STYLE_NO_PREFIX && rest.substr(0, 3) == "no_";
+  prefix->assign("no_", negated ? 3 : 0);
+  rest.remove_prefix(prefix->size());
+
+  const std::size_t equals = std::min(rest.find('='), rest.size());
+  *name = rest.substr(0, equals);
+  rest.remove_prefix(equals);
+  *value = rest.substr(rest.empty() ? 0 : 1);
 }
 
 }  // namespace norq

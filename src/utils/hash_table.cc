@@ -2,9 +2,62 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <iterator>
+#include <limits>
+#include <new>
+#include <utility>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define NORQ_HAS_ASAN
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define NORQ_HAS_ASAN
+#endif
+#ifdef NORQ_HAS_ASAN
+#include <sanitizer/asan_interface.h>
+#endif
 
 namespace norq::hsh {
+
+void mark_block([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size,
+                [[maybe_unused]] bool is_free) noexcept {
+#ifdef NORQ_HAS_ASAN
+  (is_free ? __asan_poison_memory_region : __asan_unpoison_memory_region)(block, size);
+#endif
+}
+
+struct alignas(std::max_align_t) ChunkList::Chunk {  // followed by its blocks, aligned like itself
+  Chunk* previous;
+};
+
+ChunkList::ChunkList(std::size_t first, float factor, std::size_t largest) noexcept
+    : next_block_count(first), growth_factor(factor), largest_block_count(largest) {}
+
+ChunkList::~ChunkList() {
+  while (newest != nullptr) std::free(std::exchange(newest, newest->previous));
+}
+
+unsigned char* ChunkList::allocate(std::size_t block_size, unsigned char** end) {
+  const std::size_t block_count = next_block_count;
+  const std::size_t most = (std::numeric_limits<std::size_t>::max() - sizeof(Chunk)) / block_size;
+  if (block_count > most) throw std::bad_alloc();
+  void* const memory = std::malloc(sizeof(Chunk) + block_count * block_size);
+  if (memory == nullptr) throw std::bad_alloc();
+  newest = ::new (memory) Chunk{newest};
+
+  const float grown = static_cast<float>(block_count) * growth_factor;
+  const bool countable = grown < static_cast<float>(std::numeric_limits<std::size_t>::max());
+  next_block_count = countable ? static_cast<std::size_t>(grown) : most;
+  if (largest_block_count != 0 && next_block_count > largest_block_count) {
+    next_block_count = largest_block_count;
+  }
+
+  unsigned char* const blocks = static_cast<unsigned char*>(memory) + sizeof(Chunk);
+  *end = blocks + block_count * block_size;
+  return blocks;
+}
 
 namespace {
 
@@ -22,7 +75,7 @@ std::size_t bucket_count_for(std::size_t wanted) noexcept {
       *std::lower_bound(primes.begin(), std::prev(primes.end()), wanted));
 }
 
-std::uint64_t hash<std::string>::operator()(const std::string& key) const noexcept {
+std::uint64_t hash<std::string>::operator()(std::string_view key) const noexcept {
   constexpr std::uint64_t factor = 5;
   std::uint64_t h = 0;
   for (const char byte : key) {

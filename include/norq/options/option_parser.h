@@ -48,10 +48,13 @@ enum OptionPrintStyle : int {
 /// wins. A value that is not stored for its level is checked all the same.
 ///
 /// Registering and reading report failure by their result; only the three parsing members throw an
-/// `Exception`. A member that allocates throws `std::bad_alloc` where memory ends, and leaves the
-/// parser as it was, but for the settings that a parsing member had already applied. Lookups by key
-/// take constant time on the average. One thread at a time may use a parser; parsers share no
-/// state.
+/// `Exception`. A member that allocates may throw `std::bad_alloc`, and `std::length_error` for a
+/// string longer than `std::string::max_size()`; the parser is then as it was, but for the settings
+/// that a parsing member had already applied. Lookups by key take constant time on average.
+///
+/// One thread at a time may use a parser; parsers share no state. While a member of a parser runs,
+/// nothing that it calls (a diagnostic hook, an output stream, an `operator<<`) may call a member
+/// of the same parser.
 class OptionParser {
  public:
   class error;
@@ -61,6 +64,8 @@ class OptionParser {
   OptionParser(OptionBoolStyle style, bool pass_unknown_options);
   OptionParser(const OptionParser&) = delete;
   OptionParser& operator=(const OptionParser&) = delete;
+
+  /// Destroys the two group tables, then the options.
   ~OptionParser();
 
   /// Removes all options and help groups; the constructor's two settings stay, and the size of the
@@ -107,12 +112,13 @@ class OptionParser {
   /// whose own name starts with "no_" can only be switched off, by "-no_no_" and the rest. Under
   /// BOOL_STYLE_PLUS_MINUS '-' switches off. No other kind of option may be switched off. Under
   /// BOOL_STYLE_VALUE a boolean's value may be in any letter case. Costs time in proportion to the
-  /// lengths of the arguments, and once that to look at every option if names may differ from keys
-  /// (after `get_option`, say).
+  /// lengths of the arguments, plus one pass over all options and buckets of the table if there is
+  /// an option among the arguments.
   ///
   /// Throws `error` "unknown option" if no option has that name (unless the parser passes such
   /// arguments on to `remaining`), and "bad option format" if the form does not suit the option's
-  /// type or the type refuses the value. What was applied and appended before that stays.
+  /// type or the type refuses the value (under BOOL_STYLE_VALUE the error has a boolean's value in
+  /// lower case). What was applied and appended before that stays.
   void parse_args(int argc, const char* const* argv, std::vector<std::string>& remaining,
                   int level);
 
@@ -124,7 +130,12 @@ class OptionParser {
   /// for a statement without '=', and the same followed by " (REASON)" for one that `parse_option`
   /// does not accept, or has no memory for. N is the number of the statement's last line, or of the
   /// file's if it ends while the statement goes on. None of these is an `error`. What was applied
-  /// before that stays. A read error ends the file.
+  /// before that stays.
+  ///
+  /// REASON stops at the first NUL byte of a key or value. Running out of memory while opening the
+  /// file counts as a file that cannot be opened. A read error ends the file: a statement that goes
+  /// on there is applied with the lines read so far. A line longer than `std::string::max_size()`
+  /// (1 GB in 32-bit programs) throws `std::length_error`.
   void parse_config_file(const std::string& file_name, int level);
 
   /// Sets one option. Throws `error` "unknown option" if `key` is not registered and "bad value for
@@ -163,9 +174,9 @@ class OptionParser {
   // Help
 
   /// Writes `heading` and a line feed, unless it is empty, and then all options to `out`, and
-  /// flushes it. What `out` could not take, for want of memory as well, its state tells. Sorts n
-  /// options by O(n log n) comparisons; where names are equal, the order follows from that of the
-  /// option table and from `sort`.
+  /// flushes it. Check `out`'s state for write failures. Passes over all options and buckets of the
+  /// table, and sorts n options by O(n log n) comparisons; where names are equal, the order follows
+  /// from that of the option table and from `sort`.
   ///
   /// An option's entry is " -NAME", followed by "=INT", "=FLOAT", "=STR" or "=ENUM" unless it is an
   /// OPT_FLAG; that of an OPT_BOOL is " -[no_]NAME", " (+|-)NAME" or " -NAME=BOOL", as the style of
@@ -191,7 +202,6 @@ class OptionParser {
   hsh::HashMap<std::string, Option> options;  // by key
   OptionBoolStyle bool_style;
   bool pass_unknown;
-  bool names_are_keys = true;                       // false: some name may differ from its key
   int option_counter = 0;                           // the last index given out
   hsh::HashMap<std::string, int> help_group_ids;    // number by name
   hsh::HashMap<int, std::string> help_group_names;  // name by number

@@ -3,18 +3,49 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <iterator>
-#include <limits>
 #include <new>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace norq {
+
+namespace hsh {
+
+/// Tells AddressSanitizer, if norq is built with it, whether a pool's block is free: accessing a
+/// free block is then reported.
+void mark_block(void* block, std::size_t size, bool is_free) noexcept;
+
+/// The chunks of a pool. Released by the destructor only.
+class ChunkList {
+ public:
+  ///@{
+  /// See `MemoryPool`.
+  ChunkList(std::size_t first, float factor, std::size_t largest) noexcept;
+  ChunkList(const ChunkList&) = delete;
+  ChunkList& operator=(const ChunkList&) = delete;
+  ~ChunkList();
+  ///@}
+
+  /// Makes the next chunk: returns its first block and writes the end of its last to `*end`. Throws
+  /// `std::bad_alloc`, and changes nothing, if there is no memory for it.
+  unsigned char* allocate(std::size_t block_size, unsigned char** end);
+
+ private:
+  struct Chunk;
+
+  std::size_t next_block_count;
+  float growth_factor;
+  std::size_t largest_block_count;
+  Chunk* newest = nullptr;
+};
+
+}  // namespace hsh
 
 /// Hands out uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's size, and takes
 /// them back. A block is aligned for every type of its size that `malloc` serves.
@@ -33,93 +64,35 @@ class MemoryPool {
   /// The first chunk has `first` blocks (at least 1), each later one `factor` (at least 1) times as
   /// many as the one before it, but at most `largest` (0: no limit). Allocates nothing yet.
   MemoryPool(std::size_t first, float factor, std::size_t largest) noexcept
-      : next_block_count(first), growth_factor(factor), largest_block_count(largest) {}
-  MemoryPool(const MemoryPool&) = delete;
-  MemoryPool& operator=(const MemoryPool&) = delete;
-
-  ~MemoryPool() { release_chunks(); }
+      : chunks(first, factor, largest) {}
 
   /// A block, until it is given back or the pool is destroyed. Throws `std::bad_alloc`, and changes
   /// nothing, if a new chunk is needed and there is no memory for it.
   void* allocate() {
     if (free_blocks != nullptr) {
       FreeBlock* const block = free_blocks;
+      hsh::mark_block(block, BlockSize, false);
       free_blocks = block->next;
       return block;
     }
-    if (untouched == untouched_end) allocate_chunk();
+    if (untouched == untouched_end) untouched = chunks.allocate(BlockSize, &untouched_end);
     void* const block = untouched;
     untouched += BlockSize;
     return block;
   }
 
   /// Takes back a block that `allocate` of this pool returned.
-  void recycle(void* block) noexcept { free_blocks = ::new (block) FreeBlock{free_blocks}; }
-
- protected:
-  /// Calls `visit` for each block in use, chunk by chunk, each in ascending address order. Does
-  /// nothing and returns false while some block taken back has not gone out again: blocks in use
-  /// cannot be told from those.
-  template <class Visit>
-  bool visit_blocks(Visit visit) noexcept {
-    if (free_blocks != nullptr) return false;
-    const unsigned char* end = untouched;
-    for (Chunk* chunk = chunks; chunk != nullptr; chunk = chunk->previous) {
-      unsigned char* const first = first_block(chunk);
-      if (chunk != chunks) end = first + chunk->block_count * BlockSize;
-      for (unsigned char* block = first; block != end; block += BlockSize) visit(block);
-    }
-    return true;
-  }
-
-  /// Releases all chunks, whatever their blocks hold.
-  void release_chunks() noexcept {
-    while (chunks != nullptr) {
-      Chunk* const newest = chunks;
-      chunks = newest->previous;
-      std::free(newest);
-    }
-    free_blocks = nullptr;
-    untouched = untouched_end = nullptr;
+  void recycle(void* block) noexcept {
+    free_blocks = ::new (block) FreeBlock{free_blocks};
+    hsh::mark_block(block, BlockSize, true);
   }
 
  private:
   struct FreeBlock {
     FreeBlock* next;
   };
-  struct alignas(std::max_align_t) Chunk {  // followed by its blocks, aligned like itself
-    Chunk* previous;
-    std::size_t block_count;
-  };
 
-  static unsigned char* first_block(Chunk* chunk) noexcept {
-    return reinterpret_cast<unsigned char*>(chunk) + sizeof(Chunk);
-  }
-
-  void allocate_chunk() {
-    const std::size_t block_count = next_block_count;
-    constexpr std::size_t most =
-        (std::numeric_limits<std::size_t>::max() - sizeof(Chunk)) / BlockSize;
-    if (block_count > most) throw std::bad_alloc();
-    void* const memory = std::malloc(sizeof(Chunk) + block_count * BlockSize);
-    if (memory == nullptr) throw std::bad_alloc();
-    chunks = ::new (memory) Chunk{chunks, block_count};
-
-    const float grown = static_cast<float>(block_count) * growth_factor;
-    const bool countable = grown < static_cast<float>(std::numeric_limits<std::size_t>::max());
-    next_block_count = countable ? static_cast<std::size_t>(grown) : most;
-    if (largest_block_count != 0 && next_block_count > largest_block_count) {
-      next_block_count = largest_block_count;
-    }
-
-    untouched = first_block(chunks);
-    untouched_end = untouched + block_count * BlockSize;
-  }
-
-  std::size_t next_block_count;
-  float growth_factor;
-  std::size_t largest_block_count;
-  Chunk* chunks = nullptr;
+  hsh::ChunkList chunks;
   FreeBlock* free_blocks = nullptr;
   // What was never handed out of the newest chunk. It is not threaded into the free list, so that
   // the memory of a large chunk is not touched before it is needed.
@@ -154,15 +127,6 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
     object->~T();
     this->recycle(object);
   }
-
-  /// Destroys every object, in the order of `visit_blocks`, and releases the chunks. Like that, it
-  /// may do nothing and return false.
-  bool free_all() noexcept {
-    const auto destroy = [](void* block) { static_cast<T*>(block)->~T(); };
-    if (!this->visit_blocks(destroy)) return false;
-    this->release_chunks();
-    return true;
-  }
 };
 
 /// Hash tables whose iteration order and growth are part of the contract.
@@ -178,7 +142,7 @@ template <>
 struct hash<std::string> {
   /// h = 5 h + b for each byte b, read as a signed 8-bit number, up to the first NUL byte; modulo
   /// 2^64.
-  std::uint64_t operator()(const std::string& key) const noexcept;
+  std::uint64_t operator()(std::string_view key) const noexcept;
 };
 
 /// Spreads consecutive numbers over consecutive buckets.
@@ -317,7 +281,9 @@ class Hashtable {
   Hashtable() = default;
   Hashtable(const Hashtable&) = delete;
   Hashtable& operator=(const Hashtable&) = delete;
-  ~Hashtable() { free_nodes(); }
+  ~Hashtable() {
+    if (count != 0) visit_nodes(buckets, [](Bucket* node) { node->~Bucket(); });
+  }
 
   ///@{
   /// The number of elements, and that of buckets.
@@ -325,8 +291,9 @@ class Hashtable {
   std::size_t bucket_count() const noexcept { return buckets.size(); }
   ///@}
 
-  /// Whether the next insertion attempt, of whatever key, makes the table grow. (The load is
-  /// compared in these widths on purpose: they fix the growth points.)
+  /// Whether the next insertion attempt, even of a key that is present, makes the table grow. A
+  /// caller that must not grow a table for such a key asks this, and then looks for the key itself.
+  /// (The widths in which the load is computed and compared fix the growth points.)
   bool grows_next() const noexcept {
     const float load = static_cast<float>(count) / static_cast<float>(buckets.size());
     return static_cast<double>(load) > max_load;
@@ -347,23 +314,18 @@ class Hashtable {
   const_iterator find(const Key& key) const noexcept { return find_as<const_iterator>(key); }
   ///@}
 
-  ///@{
-  /// Inserts `value`; returns false, and leaves the element that is there as it is, if there is one
-  /// with its key.
-  bool insert(const Value& value) { return do_insert(value, nullptr, nullptr); }
-  bool insert(Value&& value) { return do_insert(std::move(value), nullptr, nullptr); }
-  ///@}
+  /// Inserts a copy of `value`; returns false, and changes no element, if there is one with its
+  /// key.
+  bool insert(const Value& value) { return emplace(GetKey()(value), value).inserted; }
 
-  ///@{
-  /// Like `insert`, and tells the key's bucket through `bucket` and the node that now holds the key
-  /// through `node`. (Either may be null.) When it returns false, a moved value is still whole.
+  /// Like `insert`; also writes the key's bucket through `bucket` and the node that now holds the
+  /// key through `node`. Either may be null.
   bool do_insert(const Value& value, std::size_t* bucket, Bucket** node) {
-    return do_emplace(GetKey()(value), bucket, node, value);
+    const Insertion result = emplace(GetKey()(value), value);
+    if (bucket != nullptr) *bucket = result.bucket;
+    if (node != nullptr) *node = result.node;
+    return result.inserted;
   }
-  bool do_insert(Value&& value, std::size_t* bucket, Bucket** node) {
-    return do_emplace(GetKey()(value), bucket, node, std::move(value));
-  }
-  ///@}
 
   /// Removes the element with this key; false if there is none. `key` may be part of that element.
   bool erase(const Key& key) noexcept {
@@ -381,17 +343,12 @@ class Hashtable {
   /// only exchanges the bucket array for a new one of the same length.
   void clear(bool reallocate) {
     std::vector<Bucket*> fresh(reallocate ? buckets.size() : 0);
-    free_nodes();
+    if (count != 0) {
+      visit_nodes(buckets, [this](Bucket* node) { pool.free(node); });
+      buckets.assign(buckets.size(), nullptr);
+      count = 0;
+    }
     if (reallocate) buckets.swap(fresh);
-  }
-
-  /// Removes every element, in no particular order; the pool's memory need not stay. If none was
-  /// erased before, they go in the order of their memory: a walk along the chains of a large table
-  /// finds each of them outside the cache.
-  void discard() noexcept {
-    if (!pool.free_all()) return free_nodes();
-    buckets.assign(buckets.size(), nullptr);
-    count = 0;
   }
 
   /// Makes the bucket count `bucket_count_for(wanted)`, unless it is `wanted` or more already.
@@ -401,32 +358,41 @@ class Hashtable {
     relink(&grown);
   }
 
-  /// A node of this table's pool that holds a copy of `value` and is in no chain yet. Nothing but
-  /// `discard` destroys it.
+  /// A node of this table's pool that holds a copy of `value` and is in no chain. Nothing destroys
+  /// it: its value must need no destructor, or the caller calls it.
   Bucket* new_Bucket(const Value& value) { return pool.create(Hash()(GetKey()(value)), value); }
 
  protected:
-  /// `do_insert` of the value that `arguments` make, which has this key: it is made in its node,
-  /// and only if the key is absent.
+  /// What an insertion attempt came to.
+  struct Insertion {
+    Bucket* node;        ///< holds the key
+    std::size_t bucket;  ///< the node's chain
+    bool inserted;       ///< false: the key was present
+  };
+
+  /// Makes an element from `arguments`, whose key must be `key`, in its node, unless `key` is
+  /// present.
   template <class... Arguments>
-  bool do_emplace(const Key& key, std::size_t* bucket_out, Bucket** node_out,
-                  Arguments&&... arguments) {
+  Insertion emplace(const Key& key, Arguments&&... arguments) {
+    // What can throw comes first: a larger bucket array, if one is due, and the node. A failure
+    // then changes neither the elements nor, by growing the table, their order.
     std::vector<Bucket*> grown(grows_next() ? bucket_count_for(buckets.size() + 1) : 0);
     const std::uint64_t key_hash = Hash()(key);
-    Bucket* node = *walk(&buckets[bucket_of(key_hash)], key_hash, key);
-    const bool absent = node == nullptr;
-    if (absent) node = pool.create(key_hash, std::forward<Arguments>(arguments)...);
+    std::size_t bucket = bucket_of(key_hash);
+    Bucket* node = *walk(&buckets[bucket], key_hash, key);
+    const bool inserted = node == nullptr;
+    if (inserted) node = pool.create(key_hash, std::forward<Arguments>(arguments)...);
 
-    // From here on nothing throws.
-    if (!grown.empty()) relink(&grown);
-    const std::size_t bucket = bucket_of(key_hash);
-    if (absent) {
+    // The table grows before the node is linked, so that the node heads its chain.
+    if (!grown.empty()) {
+      relink(&grown);
+      bucket = bucket_of(key_hash);
+    }
+    if (inserted) {
       prepend(node, bucket);
       ++count;
     }
-    if (bucket_out != nullptr) *bucket_out = bucket;
-    if (node_out != nullptr) *node_out = node;
-    return absent;
+    return {node, bucket, inserted};
   }
 
  private:
@@ -443,17 +409,23 @@ class Hashtable {
     return static_cast<std::size_t>(key_hash % buckets.size());
   }
 
-  // Moves all nodes to the chains of a new bucket array, in the order in which the old ones have
-  // them. What is left behind is the old array.
-  void relink(std::vector<Bucket*>* fresh) noexcept {
-    buckets.swap(*fresh);
-    for (Bucket* node : *fresh) {
+  // Calls `visit` for each node, which may then lose its link or end: chain by chain, from the
+  // head.
+  template <class Visit>
+  static void visit_nodes(const std::vector<Bucket*>& chains, Visit visit) noexcept {
+    for (Bucket* node : chains) {
       while (node != nullptr) {
         Bucket* const successor = node->next;
-        prepend(node, bucket_of(node->key_hash));
+        visit(node);
         node = successor;
       }
     }
+  }
+
+  // Moves all nodes to the chains of a new bucket array. What is left behind is the old array.
+  void relink(std::vector<Bucket*>* fresh) noexcept {
+    buckets.swap(*fresh);
+    visit_nodes(*fresh, [this](Bucket* node) { prepend(node, bucket_of(node->key_hash)); });
   }
 
   void prepend(Bucket* node, std::size_t bucket) noexcept {
@@ -500,18 +472,6 @@ class Hashtable {
                            : Iterator(chain, buckets.data() + buckets.size(), node);
   }
 
-  void free_nodes() noexcept {
-    if (count == 0) return;
-    for (Bucket*& chain : buckets) {
-      while (chain != nullptr) {
-        Bucket* const node = chain;
-        chain = node->next;
-        pool.free(node);
-      }
-    }
-    count = 0;
-  }
-
   ObjectPool<Bucket, false> pool{first_chunk, chunk_growth, largest_chunk};
   std::vector<Bucket*> buckets = std::vector<Bucket*>(bucket_count_for(0));
   std::size_t count = 0;
@@ -522,25 +482,20 @@ template <class Key, class T, class Hash = hash<Key>, class Equal = std::equal_t
 class HashMap : public Hashtable<std::pair<Key, T>, GetKey_pair<Key, T>, Key, Hash, Equal> {
  public:
   /// The value of `key`, after an insertion attempt of `key` with `T()`.
-  T& operator[](const Key& key) {
-    typename HashMap::Bucket* node = nullptr;
-    emplace_pair(key, &node);
-    return node->value.second;
-  }
+  T& operator[](const Key& key) { return emplace_pair(key).node->value.second; }
 
   /// Inserts `key` with a T made from `arguments`, in place; returns false, and makes nothing, if
   /// the key is present.
   template <class... Arguments>
   bool try_emplace(const Key& key, Arguments&&... arguments) {
-    return emplace_pair(key, nullptr, std::forward<Arguments>(arguments)...);
+    return emplace_pair(key, std::forward<Arguments>(arguments)...).inserted;
   }
 
  private:
   template <class... Arguments>
-  bool emplace_pair(const Key& key, typename HashMap::Bucket** node, Arguments&&... arguments) {
-    return this->do_emplace(key, nullptr, node, std::piecewise_construct,
-                            std::forward_as_tuple(key),
-                            std::forward_as_tuple(std::forward<Arguments>(arguments)...));
+  typename HashMap::Insertion emplace_pair(const Key& key, Arguments&&... arguments) {
+    return this->emplace(key, std::piecewise_construct, std::forward_as_tuple(key),
+                         std::forward_as_tuple(std::forward<Arguments>(arguments)...));
   }
 };
 
