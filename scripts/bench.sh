@@ -21,7 +21,7 @@ install_needs
 
 echo "== Building the benchmarks in build/bench"
 cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DNORQ_BUILD_BENCHMARKS=ON \
-  -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
+  -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF -DNORQ_WARNINGS_AS_ERRORS=ON
 cmake --build build/bench --parallel "$(nproc)"
 
 cd build/bench

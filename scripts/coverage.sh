@@ -17,7 +17,8 @@ echo "== Building the tests in build/coverage"
 rm -rf build/coverage  # what an older build counted does not fit to this one
 # Inlined code would be counted where it was inlined.
 cmake -S . -B build/coverage -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Debug \
-  -DNORQ_BUILD_EXAMPLES=OFF -DCMAKE_CXX_FLAGS="--coverage -O0 -fno-inline"
+  -DNORQ_WARNINGS_AS_ERRORS=ON -DNORQ_BUILD_EXAMPLES=OFF \
+  -DCMAKE_CXX_FLAGS="--coverage -O0 -fno-inline"
 cmake --build build/coverage --parallel "$(nproc)"
 
 echo "== Running the tests"

@@ -8,7 +8,8 @@ need_build_tools
 install_needs
 
 echo "== Building a release in build/demo"
-cmake -S . -B build/demo -DCMAKE_BUILD_TYPE=Release -DNORQ_BUILD_TESTS=OFF
+cmake -S . -B build/demo -DCMAKE_BUILD_TYPE=Release -DNORQ_WARNINGS_AS_ERRORS=ON \
+  -DNORQ_BUILD_TESTS=OFF
 cmake --build build/demo --parallel "$(nproc)"
 
 PATH=$PWD/build/demo/examples:$PATH

@@ -23,6 +23,7 @@ echo "== Building the fuzz targets in build/fuzz"
 sanitizers=address,undefined
 cmake -S . -B build/fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DNORQ_LIBFUZZER=ON -DNORQ_TEST_WITH_OTHERS=OFF -DNORQ_BUILD_EXAMPLES=OFF \
+  -DNORQ_WARNINGS_AS_ERRORS=ON \
   -DCMAKE_CXX_FLAGS="-fsanitize=$sanitizers,fuzzer-no-link -fno-sanitize-recover=all"
 cmake --build build/fuzz --parallel "$(nproc)" \
   --target "${targets[@]/#/fuzz_}"

@@ -16,7 +16,7 @@ echo "== Building the packages in build/packages"
 libdir=lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 cmake -S . -B build/packages -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
   -DCMAKE_INSTALL_LIBDIR="$libdir" -DBUILD_SHARED_LIBS=ON -DNORQ_PACKAGES=ON \
-  -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
+  -DNORQ_WARNINGS_AS_ERRORS=ON -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
 cmake --build build/packages --parallel "$(nproc)"
 rm -f build/packages/*.deb
 (cd build/packages && cpack)

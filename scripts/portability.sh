@@ -26,7 +26,7 @@ install_needs
 try() {
   echo "== $1: $2 $3"
   cmake -S . -B "build/$1" -DCMAKE_CXX_COMPILER="$2" -DNORQ_TEST_WITH_OTHERS=OFF \
-    -DCMAKE_CXX_FLAGS="-pedantic-errors $3" >/dev/null
+    -DNORQ_WARNINGS_AS_ERRORS=ON -DCMAKE_CXX_FLAGS="-pedantic-errors $3" >/dev/null
   cmake --build "build/$1" --parallel "$(nproc)"
   (cd "build/$1" && ctest --no-tests=error --output-on-failure --parallel "$(nproc)" \
     --exclude-regex "Install${4:+|$4}")

@@ -18,7 +18,7 @@ if lacks_sanitizers >/dev/null 2>&1; then need libclang-rt-dev false; fi
 install_needs
 
 echo "== Building the tests in build/test"
-cmake -S . -B build/test -DCMAKE_BUILD_TYPE=Debug \
+cmake -S . -B build/test -DCMAKE_BUILD_TYPE=Debug -DNORQ_WARNINGS_AS_ERRORS=ON \
   -DCMAKE_CXX_FLAGS="-fsanitize=address,undefined -fno-sanitize-recover=all"
 cmake --build build/test --parallel "$(nproc)"
 
