@@ -1,5 +1,5 @@
-# Debian packages by `cpack`: libnorq1 has the shared library, libnorq-dev what building against it
-# needs. For a build with BUILD_SHARED_LIBS and the prefix /usr (scripts/package.sh).
+# Debian packages by `cpack`: libnorq1.0 has the shared library, libnorq-dev what building against
+# it needs. For a build with BUILD_SHARED_LIBS and the prefix /usr (scripts/package.sh).
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL runtime development)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -10,7 +10,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-set(norq_runtime_package "libnorq${PROJECT_VERSION_MAJOR}")
+get_target_property(norq_soversion norq SOVERSION)
+set(norq_runtime_package "libnorq${norq_soversion}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "${norq_runtime_package}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Debian packages libnorq1 and libnorq-dev in build/packages and looks them over with
+# Makes the Debian packages libnorq1.0 and libnorq-dev in build/packages and looks them over with
 # lintian. With the argument "try" it installs them as well, builds a program with them, and removes
 # them again.
 set -eu
@@ -26,7 +26,7 @@ lintian --allow-root --fail-on error build/packages/*.deb
 echo "== Trying the packages"
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-trap '"${as_root[@]}" dpkg --purge libnorq-dev libnorq1' EXIT
+trap '"${as_root[@]}" dpkg --purge libnorq-dev libnorq1.0' EXIT
 "${as_root[@]}" dpkg --install build/packages/*.deb
 cmake -S tests/consumer -B build/packaged -DNORQ_BY=find \
   -DNORQ_PROGRAM="$PWD/examples/minimal.cc"

@@ -84,8 +84,9 @@ for way in sub fetch; do
 done
 
 if [ "$shared" = ON ]; then
-  library=$(find moved -name 'libnorq.so.1.*')
-  objdump -p "$library" | grep -q 'SONAME *libnorq.so.1$' || { echo "no soname" && exit 1; }
+  library=$(find moved -name 'libnorq.so.*.*.*')
+  objdump -p "$library" | grep -q "SONAME *libnorq.so.${version%.*}\$" ||
+    { echo "wrong soname" && exit 1; }
   nm -DC --defined-only "$library" | cut -c 20- |
     grep -vE '^((typeinfo|typeinfo name|vtable) for )?norq::(Exception|Option|OptionParser|hsh|str)\b' \
       >not_public || true

@@ -5,8 +5,9 @@
 /// The version of norq.
 
 ///@{
-/// The version of norq, as semantic versioning counts it: a host that builds with one version
-/// builds and runs with every later one of the same major version. Macros, so that `#if` can ask.
+/// The version of norq. A host that compiles with one version compiles with every later one of the
+/// same major version. Binaries are compatible only within a minor version; a shared norq has both
+/// numbers in its soname (`libnorq.so.1.0`). Macros, so that `#if` can ask.
 #define NORQ_VERSION_MAJOR 1
 #define NORQ_VERSION_MINOR 0
 #define NORQ_VERSION_PATCH 0
