@@ -5,7 +5,6 @@ set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
-has_header() { echo "#include <$1>" | "${CXX:-c++}" -E -x c++ -; }
 need_build_tools
 need libbenchmark-dev has_header benchmark/benchmark.h
 need libpopt-dev has_header popt.h
@@ -15,7 +14,7 @@ need libboost-program-options-dev has_header boost/program_options.hpp
 need libargs-dev has_header args.hxx
 need libtclap-dev has_header tclap/CmdLine.h
 need libinih-dev has_header ini.h
-need python3 command -v python3
+need python3
 need gnuplot-nox command -v gnuplot
 install_needs
 

@@ -6,18 +6,16 @@ set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
-need_build_tools
-need g++ command -v g++
-need libgtest-dev has_googletest
-need pkgconf command -v pkg-config
-need gcovr command -v gcovr
+export CXX=g++
+need_test_tools
+need gcovr
 install_needs
 
 echo "== Building the tests in build/coverage"
 rm -rf build/coverage  # what an older build counted does not fit to this one
 # Inlined code would be counted where it was inlined.
-cmake -S . -B build/coverage -DCMAKE_CXX_COMPILER=g++ -DCMAKE_BUILD_TYPE=Debug \
-  -DNORQ_WARNINGS_AS_ERRORS=ON -DNORQ_BUILD_EXAMPLES=OFF \
+cmake -S . -B build/coverage -DCMAKE_BUILD_TYPE=Debug -DNORQ_WARNINGS_AS_ERRORS=ON \
+  -DNORQ_BUILD_EXAMPLES=OFF \
   -DCMAKE_CXX_FLAGS="--coverage -O0 -fno-inline"
 cmake --build build/coverage --parallel "$(nproc)"
 

@@ -5,7 +5,7 @@ set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
-need doxygen command -v doxygen
+need doxygen
 install_needs
 
 echo "== Making the reference in build/docs/html"

@@ -9,14 +9,9 @@ case $seconds in *[!0-9]*) echo "usage: fuzz.sh [SECONDS]" >&2 && exit 2 ;; esac
 targets=(arguments calls config tables)
 . scripts/requirements.sh
 
-has_libfuzzer() {
-  mkdir -p build
-  echo 'extern "C" int LLVMFuzzerTestOneInput(const char*, unsigned long) { return 0; }' |
-    clang++ -fsanitize=fuzzer,address,undefined -x c++ -o build/libfuzzer -
-}
 need_build_tools
 need clang command -v clang++
-need libclang-rt-dev has_libfuzzer
+need libclang-rt-dev can_link clang++ -fsanitize=address,undefined
 install_needs
 
 echo "== Building the fuzz targets in build/fuzz"
@@ -44,5 +39,6 @@ cd build/fuzz
 export seconds
 export -f fuzz
 echo "== Fuzzing"
+# shellcheck disable=SC2016  # the inner shell expands $0
 printf '%s\n' "${targets[@]}" |
   xargs -n 1 -P "$(nproc)" bash -c 'fuzz "$0"'

@@ -6,17 +6,13 @@ set -eu -o pipefail
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
-# Linking takes both of libc++'s packages.
-has_libcxx() {
-  mkdir -p build
-  printf '#include <string>\nint main() {}\n' | clang++ -stdlib=libc++ -x c++ -o build/libcxx -
-}
 has_m32() { echo '#include <string>' | g++ -m32 -E -x c++ -; }
+export CXX=g++
 need_build_tools
-need g++ command -v g++
 need clang command -v clang++
-need libc++-dev has_libcxx
-need libc++abi-dev has_libcxx
+# Linking takes both.
+need libc++-dev can_link clang++ -stdlib=libc++
+need libc++abi-dev can_link clang++ -stdlib=libc++
 need pkgconf command -v pkg-config
 # Where the machine is no amd64, there is no other word size to be had.
 if [ "$(uname -m)" = x86_64 ]; then need g++-multilib has_m32; fi

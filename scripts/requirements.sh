@@ -1,44 +1,89 @@
-# Installs what a script of this project needs. To be sourced.
+# What the scripts share: they own build/, install what they need and are never silent for long. To
+# be sourced in the project's folder.
 #
-#     need cmake command -v cmake    # the package cmake, unless `command -v cmake` succeeds
+#     need cmake                                   # unless there is a command of this name
+#     need libgtest-dev has_header gtest/gtest.h   # unless this check succeeds
 #     install_needs
+
+# shellcheck shell=bash
+
+mkdir -p build
+foreign=$(find build/ -maxdepth 1 ! -user "$(id -u)" -print -quit)
+if [ -n "$foreign" ]; then
+  echo "$foreign belongs to $(stat -c '%U (uid %u)' "$foreign"), but this script runs as" \
+    "$(id -un). Remove $foreign, with sudo if necessary, or run the script as its owner." >&2
+  exit 1
+fi
 
 missing_packages=()
 
 need() {
   local package=$1
   shift
+  [ $# -gt 0 ] || set -- command -v "$package"
   "$@" >/dev/null 2>&1 || missing_packages+=("$package")
 }
 
-has_googletest() { echo '#include <gtest/gtest.h>' | "${CXX:-c++}" -E -x c++ -; }
+has_header() { echo "#include <$1>" | "${CXX:-c++}" -E -x c++ -; }
+
+# can_link COMPILER FLAG...
+can_link() { printf '#include <string>\nint main() {}\n' | "$@" -x c++ -o build/linked -; }
 
 need_build_tools() {
   need g++ command -v "${CXX:-c++}"
-  need cmake command -v cmake
-  need make command -v make
+  need cmake
+  need make
+}
+
+need_test_tools() {
+  need_build_tools
+  need libgtest-dev has_header gtest/gtest.h
+  need pkgconf command -v pkg-config
 }
 
 stop() {
-  echo "$1" >&2
-  echo "Please install these packages, or what your system calls them, and run this again:" >&2
-  echo "  ${missing_packages[*]}" >&2
+  echo "Cannot install ${missing_packages[*]}: $1. Please install these packages, or what your" \
+    "system calls them, and run this script again." >&2
   exit 1
 }
 
 install_needs() {
   [ ${#missing_packages[@]} -eq 0 ] && return
-  [ -e /etc/debian_version ] && command -v apt-get >/dev/null ||
-    stop "This is no Debian system, so what is missing cannot be installed from here."
+  command -v apt-get >/dev/null || stop "there is no apt-get here"
   local as_root=()
   if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || stop "Installing what is missing takes root or sudo."
+    command -v sudo >/dev/null || stop "installing takes root or sudo"
     as_root=(sudo)
   fi
-  echo "== Installing ${missing_packages[*]}"
-  "${as_root[@]}" apt-get -q update &&
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-      apt-get -q install --yes --no-install-recommends "${missing_packages[@]}" ||
-    stop "Installing what is missing failed."
+  echo "== Installing ${missing_packages[*]}" \
+    "(about half a minute on a fast network; log: build/install.log)"
+  if ! never_silent run_apt; then
+    cat build/install.log >&2
+    stop "apt-get failed, its output is above and in build/install.log"
+  fi
   missing_packages=()
+}
+
+# Package lists that cannot be updated, such as those of another vendor, may not be needed.
+run_apt() {
+  "${as_root[@]}" apt-get -q update
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get -q install --yes --no-install-recommends "${missing_packages[@]}"
+} >build/install.log 2>&1
+
+# Runs a command and prints a line whenever the command has printed none for 10 seconds.
+never_silent() {
+  "$@" | {
+    local line status=0
+    until [ "$status" -eq 1 ]; do  # 0: a line, 1: the end, more: nothing within 10 seconds
+      status=0
+      IFS= read -r -t 10 line || status=$?
+      case $status in
+        0) printf '%s\n' "$line" ;;
+        1) printf '%s' "$line" ;;
+        *) printf '%s... still working after %d seconds\n' "$line" "$SECONDS" ;;
+      esac
+    done
+  }
+  return "${PIPESTATUS[0]}"
 }

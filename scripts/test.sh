@@ -5,23 +5,21 @@ set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
-need_build_tools
-need libgtest-dev has_googletest
-need pkgconf command -v pkg-config
+need_test_tools
 # g++ brings the sanitizers' run-time library, clang++ does not.
-lacks_sanitizers() {
-  mkdir -p build
-  command -v "${CXX:-c++}" && ! echo 'int main() {}' |
-    "${CXX:-c++}" -fsanitize=address,undefined -x c++ -o build/sanitized -
-}
-if lacks_sanitizers >/dev/null 2>&1; then need libclang-rt-dev false; fi
+if command -v "${CXX:-c++}" >/dev/null; then
+  need libclang-rt-dev can_link "${CXX:-c++}" -fsanitize=address,undefined
+fi
 install_needs
 
-echo "== Building the tests in build/test"
-cmake -S . -B build/test -DCMAKE_BUILD_TYPE=Debug -DNORQ_WARNINGS_AS_ERRORS=ON \
-  -DCMAKE_CXX_FLAGS="-fsanitize=address,undefined -fno-sanitize-recover=all"
-cmake --build build/test --parallel "$(nproc)"
+build_and_test() {
+  echo "== Building the tests in build/test"
+  cmake -S . -B build/test -DCMAKE_BUILD_TYPE=Debug -DNORQ_WARNINGS_AS_ERRORS=ON \
+    -DCMAKE_CXX_FLAGS="-fsanitize=address,undefined -fno-sanitize-recover=all"
+  cmake --build build/test --parallel "$(nproc)"
 
-echo "== Running the tests"
-cd build/test
-exec ctest --no-tests=error --output-on-failure --parallel "$(nproc)" "$@"
+  echo "== Running the tests"
+  cd build/test
+  ctest --no-tests=error --output-on-failure --parallel "$(nproc)" "$@"
+}
+never_silent build_and_test "$@"
