@@ -4,25 +4,29 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL runtime development)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # or it becomes the synopsis of both packages
 set(CPACK_PACKAGE_CONTACT "The norq developers <norq@example.org>")
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
+set(norq_description
+    "norq reads the options of a C++17 program from its command line, from
+configuration files and from calls, converts and checks the values, and
+prints the help listing.
+
+This package contains")
 get_target_property(norq_soversion norq SOVERSION)
 set(norq_runtime_package "libnorq${norq_soversion}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "${norq_runtime_package}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
     "options of command-line programs - shared library
- norq reads the options of a program from its command line, from configuration
- files and from single calls, and lists them.")
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/triggers" "activate-noawait ldconfig\n")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_BINARY_DIR}/triggers")
+${norq_description} the shared library.")
+set(norq_control "${CMAKE_CURRENT_BINARY_DIR}/control")
+file(WRITE "${norq_control}/triggers" "activate-noawait ldconfig\n")
+file(WRITE "${norq_control}/shlibs"
+     "libnorq ${norq_soversion} ${norq_runtime_package} (>= ${PROJECT_VERSION})\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${norq_control}/triggers" "${norq_control}/shlibs")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libnorq-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -30,9 +34,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${norq_runtime_package} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
     "options of command-line programs - development files
- Headers, package files and the linker's name of norq, which reads the options
- of a program from its command line, from configuration files and from single
- calls, and lists them.")
+${norq_description} what is needed to build programs with norq: the
+headers, the CMake package and the pkg-config file.")
 
 # What Debian wants to find of every package: its licence and its history.
 find_program(norq_gzip gzip REQUIRED)

@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
-# Makes the Debian packages libnorq1.0 and libnorq-dev in build/packages and looks them over with
-# lintian. With the argument "try" it installs them as well, builds a program with them, and removes
-# them again.
+# Makes the Debian packages libnorq1.0 and libnorq-dev in build/packages and fails if lintian finds
+# anything in them. With the argument "try" it also extracts them to build/packages/root and builds
+# and runs a program with what they contain. Nothing is installed.
 set -eu
+umask 022  # which the permissions of folders in the packages follow
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
 need_build_tools
 need dpkg-dev command -v dpkg-shlibdeps
-need file command -v file
-need lintian command -v lintian
+need lintian
 install_needs
 
 echo "== Building the packages in build/packages"
@@ -18,17 +18,26 @@ cmake -S . -B build/packages -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/
   -DCMAKE_INSTALL_LIBDIR="$libdir" -DBUILD_SHARED_LIBS=ON -DNORQ_PACKAGES=ON \
   -DNORQ_WARNINGS_AS_ERRORS=ON -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
 cmake --build build/packages --parallel "$(nproc)"
-rm -f build/packages/*.deb
-(cd build/packages && cpack)
-lintian --allow-root --fail-on error build/packages/*.deb
+
+# cpack could find out the dependencies itself, but would then add scripts that call ldconfig.
+cd build/packages
+mkdir -p debian DEBIAN  # where dpkg-shlibdeps expects a package
+touch debian/control
+depends=$(dpkg-shlibdeps -O ./libnorq.so)
+rm -f ./*.deb
+cpack -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="${depends#shlibs:Depends=}"
+
+echo "== Checking the packages with lintian"
+if ! lintian --allow-root ./*.deb >lintian.log 2>&1 || [ -s lintian.log ]; then
+  cat lintian.log
+  exit 1
+fi
 
 [ "${1:-}" = try ] || exit 0
-echo "== Trying the packages"
-as_root=()
-[ "$(id -u)" -eq 0 ] || as_root=(sudo)
-trap '"${as_root[@]}" dpkg --purge libnorq-dev libnorq1.0' EXIT
-"${as_root[@]}" dpkg --install build/packages/*.deb
-cmake -S tests/consumer -B build/packaged -DNORQ_BY=find \
-  -DNORQ_PROGRAM="$PWD/examples/minimal.cc"
-cmake --build build/packaged
-build/packaged/consumer -name=packages
+echo "== Trying the packages in build/packages/root"
+rm -rf root consumer
+for package in ./*.deb; do dpkg-deb --extract "$package" root; done
+cmake -S ../../tests/consumer -B consumer -DNORQ_BY=find -DCMAKE_PREFIX_PATH="$PWD/root/usr" \
+  -DNORQ_PROGRAM="$PWD/../../examples/minimal.cc"
+cmake --build consumer
+consumer/consumer -name=packages
