@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# Measures what a library costs the program that uses it: the time to compile one file and the size
-# of the smallest host. Prints lines "compile,LIBRARY,SECONDS" (the median of nine) and
-# "size,norq,BYTES".
+# Measures what a library costs the program that uses it. Prints lines "compile,LIBRARY,SECONDS" (for
+# one file, the median of nine) and "size,HOST,BYTES" (for the smallest host of norq).
 # usage: build_cost.sh LIBNORQ WORK_DIRECTORY
 set -eu
 export LC_ALL=C  # numbers have points
@@ -10,8 +9,13 @@ library=$1
 work=$2
 mkdir -p "$work"
 
+compile() { c++ -std=c++17 -O2 -I"$root/include" -c "$work/$1.cc" -o "$work/$1.o"; }
+
+names=()
 write_source() {  # NAME, HEADERS, BODY
   { printf '#include <%s>\n' $2; printf 'int main(int argc, char** argv) { %s }\n' "$3"; } >"$work/$1.cc"
+  compile "$1"
+  names+=("$1")
 }
 std='string vector map sstream'
 write_source std "$std" 'std::ostringstream out; out << std::string(argv[argc - 1]); std::map<std::string, std::vector<int>> map; map[out.str()].push_back(argc); return static_cast<int>(map.size());'
@@ -22,17 +26,11 @@ write_source args 'args.hxx' 'args::ArgumentParser p(""); args::ValueFlag<int> c
 write_source TCLAP 'tclap/CmdLine.h' 'TCLAP::CmdLine p("p"); TCLAP::ValueArg<int> count("", "count", "", false, 0, "n", p); TCLAP::ValueArg<std::string> name("", "name", "", false, "", "s", p); TCLAP::SwitchArg quiet("", "quiet", "", p); p.parse(argc, argv); return count.getValue();'
 write_source Boost.Program_options 'boost/program_options.hpp' 'namespace po = boost::program_options; po::options_description d; d.add_options()("count", po::value<int>(), "")("name", po::value<std::string>(), "")("quiet", po::bool_switch(), ""); po::variables_map m; po::store(po::parse_command_line(argc, argv, d), m); return m["count"].as<int>();'
 
-compile() { c++ -std=c++17 -O2 -I"$root/include" -c "$work/$1.cc" -o "$work/$1.o"; }
-
-names=()
-for name in std norq CLI11 cxxopts args TCLAP Boost.Program_options; do
-  if compile "$name" 2>/dev/null; then names+=("$name"); fi
-done
-# In turn, so that all see the machine in the same moods.
+# In turn, so that all run under the same conditions.
 TIMEFORMAT=%U
 for round in 1 2 3 4 5 6 7 8 9; do
   for name in "${names[@]}"; do echo "$name $({ time compile "$name"; } 2>&1)"; done
 done | sort -k 1,1 -k 2,2n | awk '{ time[$1, ++count[$1]] = $2 } END { for (n in count) print "compile," n "," time[n, 5] }'
 
-c++ -Os -s -Wl,--gc-sections "$work/norq.o" "$library" -o "$work/host"
-echo "size,norq,$(stat -c %s "$work/host")"
+c++ -Os -s -Wl,--gc-sections "$work/norq.o" "$library" -o "$work/host-gc-sections"
+(cd "$work" && stat -c 'size,%n,%s' host-gc-sections)

@@ -1,159 +1,99 @@
 """Writes docs/benchmarks.md and the data of its chart from one run of the benchmarks.
 
-usage: report.py BENCHMARK_CSV COST_CSV MEMORY_BYTES MACHINE DOCUMENT CHART_DATA
+usage: report.py BENCHMARK_JSON COST_CSV MACHINE DOCUMENT CHART_DATA
 """
 
 import csv
-import statistics
+import json
 import sys
+import textwrap
 
-csv_file, cost_file, memory, machine, document, chart_data = sys.argv[1:]
-
-runs = {}  # of each benchmark: its repetitions
-with open(csv_file) as file:
-    lines = file.readlines()
-start = next(i for i, line in enumerate(lines) if line.startswith("name,"))
-for row in csv.DictReader(lines[start:]):
-    name = row["name"]
-    if row["error_occurred"] or name.endswith(("_mean", "_median", "_stddev", "_cv")):
-        continue
-    runs.setdefault(name, []).append(float(row["cpu_time"]))
-median = {name: statistics.median(times) for name, times in runs.items()}
-
-costs = {}
+results_file, cost_file, machine, document, chart_file = sys.argv[1:]
+with open(results_file) as file:
+    results = json.load(file)
+times = {}  # medians by measure, (options, settings) and library
+for run in results["benchmarks"]:
+    if run.get("error_occurred"):
+        sys.exit(f"{run['name']}: {run['error_message']}")
+    if run.get("aggregate_name") == "median":
+        measure, library, *sizes = run["run_name"].split("/")
+        row = times.setdefault(measure, {}).setdefault(tuple(map(int, sizes)), {})
+        row[library] = run["cpu_time"]
 with open(cost_file) as file:
-    for measure, library, value in csv.reader(file):
-        costs[measure, library] = float(value)
+    costs = sorted(csv.reader(file), key=lambda cost: float(cost[2]))
+size = {host: value for measure, host, value in costs if measure == "size"}
+seconds = {library: float(value) for measure, library, value in costs if measure == "compile"}
+text_bytes = int(results["context"]["text_bytes"])
 
 
-def libraries(measure):
-    seen = []
-    for name in median:
-        library = name.split("/")[1]
-        if name.startswith(measure + "/") and library not in seen:
-            seen.append(library)
-    return sorted(seen, key=str.lower)
+def peers(measure):
+    names = {library for row in times[measure].values() for library in row} - {"norq"}
+    return sorted(names, key=str.lower)
 
 
-def sizes_of(measure):
-    seen = []
-    for name in median:
-        sizes = "/".join(name.split("/")[2:])
-        if name.startswith(measure + "/") and sizes not in seen:
-            seen.append(sizes)
-    return sorted(seen, key=lambda sizes: [int(size) for size in sizes.split("/")])
-
-
-def ratio(measure, library, sizes):
-    peer = median.get(f"{measure}/{library}/{sizes}")
-    return "" if peer is None else f"{median[f'{measure}/norq/{sizes}'] / peer:.3f}"
-
-
-def table(measure, what):
-    peers = [library for library in libraries(measure) if library != "norq"]
-    rows = [f"| {what} | " + " | ".join(peers) + " |", "|---" * (len(peers) + 1) + "|"]
-    for sizes in sizes_of(measure):
-        cells = [ratio(measure, library, sizes) for library in peers]
-        rows.append(f"| {sizes.replace('/', ', ')} | " + " | ".join(cells) + " |")
-    return "\n".join(rows)
+def ratio(measure, sizes, library):
+    return f"{times[measure][sizes]['norq'] / times[measure][sizes][library]:.3f}"
 
 
 def growth(library, n):
-    costs = [median[f"growth/{library}/{size}/{size}"] / size for size in (n, 1000)]
-    return f"{costs[0] / costs[1]:.2f}"
+    each = [times["growth"][size, size][library] / size for size in (n, 1000)]
+    return f"{each[0] / each[1]:.2f}"
 
 
-# The texts of 10000 options: key and name alike, and the help.
-key_bytes, name_bytes, help_bytes, memory_bytes = map(int, memory.split(","))
-texts = key_bytes + name_bytes + help_bytes
+def section(title, text, *table):
+    out.write(f"\n## {title}\n\n{textwrap.fill(text, 100, break_on_hyphens=False)}\n")
+    for i, cells in enumerate(table):
+        out.write(("" if i else "\n") + f"| {' | '.join(map(str, cells))} |\n")
+        out.write("" if i else "|---" * len(cells) + "|\n")
+
+
+def ratios(title, text, measure, head):
+    rows = []
+    for sizes in sorted(times[measure]):
+        cells = [ratio(measure, sizes, library) for library in peers(measure)]
+        rows.append([", ".join(str(size) for size in sizes if size)] + cells)
+    section(title, text, [head] + peers(measure), *rows)
+
 
 with open(document, "w") as out:
-    out.write(f"""# Benchmarks
+    out.write("# Benchmarks\n\nAll figures come from one run of `./scripts/bench.sh` on "
+              f"{machine}.\n\n![The time of a cycle by number of options](cycle.svg)\n")
+    section("Method", "Every library does the same work in the same process, built by g++ with "
+            "`-O3`, and must read back the same values. Times are processor times. Benchmarks "
+            "run in random order, seven times each. A ratio is norq's median divided by the "
+            "peer's: below 1, norq is faster. Peers come from Debian's packages.")
+    ratios("Cycle", "Make a parser, register N options, parse A arguments, read their values "
+           "back.", "cycle", "N, A")
+    section("Growth", "The cost of a cycle per option and argument, relative to the cost at 1000 "
+            "of each. The bare table is the least that such work asks of memory: a "
+            "`std::unordered_map` of records with name, help text and value, filled, found by name "
+            "twice and destroyed. Beyond 10000 the options do not fit into the processor's caches, "
+            "so each step of a lookup (bucket, node, key) waits for memory.",
+            ["N = A", "norq", "bare table", "norq / bare table"],
+            *([n, growth("norq", n), growth("std", n), ratio("growth", (n, n), "std")]
+              for n, _ in sorted(times["growth"])))
+    ratios("Configuration files", "A file of L lines `name = value` for N options. The host of "
+           "inih stores its options in a hash map.", "config", "N, L")
+    ratios("Help", "List N options, aligned, into a string stream.", "help", "N")
+    section("Containers and sort", "`hsh::HashMap` and `std::unordered_map` (insert all keys, find "
+            "all keys), `norq::sort` and `std::sort` (by name), for N options.",
+            ["N", "insert", "find", "sort"],
+            *([n, *(ratio(measure, (n, 0), "std") for measure in ("insert", "find", "sort"))]
+              for n, _ in sorted(times["sort"])))
+    section("Build cost", "A host with three options, linked statically with norq and stripped, "
+            f"has {size['host-gc-sections']} bytes with `-Wl,--gc-sections`. "
+            "The table shows the time to compile one file that includes a library and uses it, "
+            "relative to a file that includes only `<string> <vector> <map> <sstream>`.",
+            ["library", "ratio"],
+            *([library, f"{seconds[library] / seconds['std']:.2f}"]
+              for library in seconds if library != "std"))
+    section("Memory", f"10000 options take {results['context']['parser_bytes']} bytes of memory. "
+            f"Their keys, names and help texts have {text_bytes} bytes; 1.5 times that plus 200 "
+            f"bytes per option is {int(1.5 * text_bytes) + 200 * 10000}.")
 
-All figures come from one run of `./scripts/bench.sh`, on: {machine}.
-
-![The time of a cycle by number of options](cycle.svg)
-
-## Method
-
-Every library does the same work in the same process, built by g++ with `-O3`; what it reads back is
-compared with what was given. Times are processor times. Benchmarks are run in random order, seven
-times each, and a ratio is that of the medians: norq's time divided by the peer's, so that below 1
-norq is the faster. Peers come from Debian's packages.
-
-## Cycle
-
-Make a parser, register N options, parse A arguments, read their values back.
-
-{table("cycle", "N, A")}
-
-## Growth
-
-The cost of a cycle for each option and argument, in relation to that at 1000 of each. Beside norq
-stands a bare `std::unordered_map` of records with name, help text and value, filled, found by name
-twice and destroyed: the least that such work asks of memory.
-
-| N = A | norq | bare table | norq's time divided by the bare table's |
-|---|---|---|---|
-""")
-    for sizes in sizes_of("growth"):
-        n = int(sizes.split("/")[0])
-        cells = [str(n), growth("norq", n), growth("std", n), ratio("growth", "std", sizes)]
-        out.write("| " + " | ".join(cells) + " |\n")
-    out.write(f"""
-Beyond 10000 the options no longer fit into the processor's caches, and each step of a lookup waits
-for memory: bucket, node and key lie where scattered names lead.
-
-## Configuration files
-
-A file of L lines `name = value` for N options. The peer keeps its options in a hash map.
-
-{table("config", "N, L")}
-
-## Help
-
-List N options, aligned, into a string stream.
-
-{table("help", "N")}
-
-## Containers and sort
-
-`hsh::HashMap` and `std::unordered_map` (insert all keys, find all keys), `norq::sort` and
-`std::sort` (by name), for N options.
-
-| N | insert | find | sort |
-|---|---|---|---|
-""")
-    for sizes in sizes_of("sort"):
-        cells = [ratio(measure, "std", sizes) for measure in ("insert", "find", "sort")]
-        out.write(f"| {sizes} | " + " | ".join(cells) + " |\n")
-    out.write("""
-## Build cost
-
-The time to compile one file that includes a library and uses it, in relation to a file that
-includes `<string> <vector> <map> <sstream>` alone:
-
-| library | ratio |
-|---|---|
-""")
-    compiled = {library: cost for (what, library), cost in costs.items() if what == "compile"}
-    for library, cost in sorted(compiled.items(), key=lambda item: item[1]):
-        if library != "std":
-            out.write(f"| {library} | {cost / compiled['std']:.2f} |\n")
-    out.write(f"""
-A host with three options, norq linked statically, unused sections left out, stripped:
-{costs["size", "norq"]:.0f} bytes.
-
-## Memory
-
-10000 options take {memory_bytes} bytes of memory. Their keys, names and help texts have {texts}
-bytes; 1.5 times that and 200 bytes for each option make {int(1.5 * texts + 200 * 10000)}.
-""")
-
-with open(chart_data, "w") as out:
-    names = sorted(libraries("cycle"), key=lambda library: library != "norq")  # drawn bold
-    out.write("options " + " ".join(names) + "\n")
-    for n in (10, 50, 100, 1000, 10000):
-        arguments = {10: 5, 50: 10, 100: 100, 1000: 1000, 10000: 10000}[n]
-        times = [median.get(f"cycle/{name}/{n}/{arguments}", "NaN") for name in names]
-        out.write(f"{n} " + " ".join(map(str, times)) + "\n")
+with open(chart_file, "w") as out:
+    libraries = ["norq"] + peers("cycle")  # the chart draws the first one bold
+    print("options", *libraries, file=out)
+    # Of the sizes with the same number of options, the last has the most arguments.
+    for n, row in {n: row for (n, _), row in sorted(times["cycle"].items())}.items():
+        print(n, *(row[library] for library in libraries), file=out)

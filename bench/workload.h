@@ -1,128 +1,106 @@
+// The work that all libraries do: the options, the settings, and the steps that a peer fills in.
 #ifndef NORQ_BENCH_WORKLOAD_H
 #define NORQ_BENCH_WORKLOAD_H
 
-#include <cstddef>
-#include <functional>
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace bench {
 
-// The work that every library does alike.
+using Value = std::variant<int, std::string, bool, float>;
 
-enum class Kind { integer, text, boolean, real };
-
-struct OptionSpec {
+struct Option {
+  std::size_t index;
   std::string name;
   std::string help;
-  Kind kind;
+  Value empty;  // of the option's type
 };
 
-// An option that is given, and its value. (A boolean is switched on by its name alone.)
 struct Setting {
-  std::size_t option;
+  const Option& option;
   std::string value;
+  std::string argument;  // "--name=value", or "--name", which switches a boolean on
 };
 
 struct Workload {
-  Workload(std::size_t option_count, std::size_t argument_count);
+  Workload(std::size_t option_count, std::size_t setting_count);
+  Workload(const Workload&) = delete;
+  Workload& operator=(const Workload&) = delete;
 
-  // The argument vector with this many dashes before the names. Its strings belong to the workload.
-  const std::vector<const char*>& argv(int dashes) const { return argvs[dashes - 1]; }
-
-  std::vector<OptionSpec> options;
+  std::vector<Option> options;
   std::vector<Setting> settings;
-
- private:
-  std::vector<std::string> arguments[2];
-  std::vector<const char*> argvs[2];
+  int argc;
+  std::vector<const char*> argv;         // with a null at the end
+  std::vector<const char*> single_argv;  // the same with single dashes
 };
 
-// Gathers what was read back, so that no library gets away with less work than another.
-struct Checksum {
-  void add(int value) { sum += value; }
-  void add(bool value) { sum += value ? 3 : 0; }
-  void add(float value) { sum += static_cast<double>(value); }
-  void add(const std::string& value) {
-    sum += static_cast<double>(value.size()) + (value.empty() ? 0 : value.back());
-  }
-
-  double sum = 0;
-};
-
-// Reads back what was given and sums it up. `read` takes a setting and an object of the type that
-// is wanted, and returns the value that its library stored.
-template <class Read>
-double read_back(const Workload& work, const Read& read) {
-  Checksum checksum;
-  for (const Setting& setting : work.settings) {
-    switch (work.options[setting.option].kind) {
-      case Kind::integer:
-        checksum.add(read(setting, int()));
-        break;
-      case Kind::text: {
-        const std::string& text = read(setting, std::string());
-        checksum.add(text);
-        break;
-      }
-      case Kind::boolean:
-        checksum.add(read(setting, bool()));
-        break;
-      case Kind::real:
-        checksum.add(read(setting, float()));
-        break;
+// The steps. What a peer passes for an option is called with it and an empty value of its type.
+struct Run {
+  template <class Add>
+  void add_options(Add add) const {
+    for (const Option& option : work.options) {
+      std::visit([&](auto empty) { add(option, empty); }, option.empty);
     }
   }
-  return checksum.sum;
-}
 
-// For the libraries that store into the host's variables: that of the wanted type.
-template <class Value>
-int member_of(const Value& value, int /*type*/) {
-  return value.number;
-}
-template <class Value>
-const auto& member_of(const Value& value, const std::string& /*type*/) {
-  return value.text;
-}
-template <class Value>
-bool member_of(const Value& value, bool /*type*/) {
-  return value.on;
-}
-template <class Value>
-float member_of(const Value& value, float /*type*/) {
-  return value.real;
-}
+  // Times `list`, which writes the help to a stream, if listings are measured.
+  template <class List>
+  void measure_listing(List list) const {
+    if (listing == nullptr) return;
+    for (auto _ : *listing) {
+      std::ostringstream out;
+      list(out);
+      benchmark::DoNotOptimize(out.str().size());
+    }
+  }
 
-// What the text of a setting stands for.
-inline int convert(const std::string& text, int /*type*/) {
-  return std::stoi(text);
-}
-inline const std::string& convert(const std::string& text, const std::string& /*type*/) {
-  return text;
-}
-inline bool convert(const std::string& /*text*/, bool /*type*/) {
-  return true;
-}
-inline float convert(const std::string& text, float /*type*/) {
-  return std::stof(text);
-}
+  // Times `read`, which takes the path of a file, and returns true, if files are measured.
+  template <class Read>
+  bool measure_file(Read read) const {
+    if (file == nullptr) return false;
+    const char* const path = "settings.conf";
+    std::ofstream out(path);
+    for (const Setting& set : work.settings) out << set.option.name << " = " << set.value << '\n';
+    out.close();
+    for (auto _ : *file) read(path);
+    std::remove(path);
+    return true;
+  }
 
-// A library that takes part.
+  // Returns a checksum of the values that `read` returns for the settings.
+  template <class Read>
+  double read_back(Read read) const {
+    double sum = 0;
+    for (const Setting& setting : work.settings) {
+      const auto add_value = [&](auto empty) {
+        const decltype(empty)& value = read(setting.option, empty);
+        sum += weight(value);
+      };
+      std::visit(add_value, setting.option.empty);
+    }
+    return sum;
+  }
+  static double weight(double number) { return number; }
+  static double weight(const std::string& text) { return text.empty() ? 0 : text.back(); }
+
+  const Workload& work;
+  benchmark::State* listing = nullptr;
+  benchmark::State* file = nullptr;
+};
+
 struct Peer {
-  const char* name;
-  // Makes a parser, registers the options, parses the arguments, reads the values back.
-  double (*cycle)(const Workload& work);
-  // Makes a parser, registers the options, and returns what lists them and tells the length of the
-  // listing. Null if that is not compared.
-  std::function<std::size_t()> (*make_lister)(const Workload& work);
+  std::string name;
+  double (*use)(const Run& run);  // returns what `read_back` returned
+  std::vector<std::string> measures;
 };
 
-std::vector<Peer>& peers();
-
-struct RegisterPeer {
-  explicit RegisterPeer(const Peer& peer) { peers().push_back(peer); }
-};
+extern const std::vector<Peer> peers;
 
 }  // namespace bench
 

@@ -26,15 +26,13 @@ cmake --build build/bench --parallel "$(nproc)"
 cd build/bench
 echo "== Measuring build costs"
 ../../bench/build_cost.sh libnorq.a cost >cost.csv
-memory=$(bench/norq_memory)
 echo "== Running the benchmarks"
-bench/norq_benchmarks --benchmark_format=csv --benchmark_min_time=0.02 \
-  --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true >benchmarks.csv
+bench/norq_benchmarks --benchmark_format=json --benchmark_min_time=0.02 \
+  --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true >benchmarks.json
 
 echo "== Writing docs/benchmarks.md and docs/cycle.svg"
 mkdir -p ../../docs
 processor=$(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1)
 machine="$processor, $(nproc) cores, $(uname -s), $("${CXX:-c++}" --version | head -n 1)"
-python3 ../../bench/report.py benchmarks.csv cost.csv "$memory" "$machine" \
-  ../../docs/benchmarks.md cycle.dat
+python3 ../../bench/report.py benchmarks.json cost.csv "$machine" ../../docs/benchmarks.md cycle.dat
 gnuplot ../../bench/cycle.gp >../../docs/cycle.svg
