@@ -59,7 +59,10 @@ with open(document, "w") as out:
     out.write("# Benchmarks\n\nAll figures come from one run of `./scripts/bench.sh` on "
               f"{machine}.\n\n![The time of a cycle by number of options](cycle.svg)\n")
     section("Method", "Every library does the same work in the same process, built by g++ with "
-            "`-O3`, and must read back the same values. Times are processor times. Benchmarks "
+            "`-O3`, and must read back the same values. Option names are two or three words, such "
+            "as `client_queue_limit`: 6 to 30 bytes, 16 to 18 on average. At least six of ten are "
+            "longer than 15 bytes, the most that a `std::string` of libstdc++ stores without an "
+            "allocation. Help texts have about 100 bytes. Times are processor times. Benchmarks "
             "run in random order, seven times each. A ratio is norq's median divided by the "
             "peer's: below 1, norq is faster. Peers come from Debian's packages.")
     ratios("Cycle", "Make a parser, register N options, parse A arguments, read their values "
