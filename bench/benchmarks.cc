@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 #include <unordered_map>
 
 #include "workload.h"
@@ -46,6 +47,18 @@ void add_peer(const Peer& peer, const std::string& measure) {
     if (measure == "config") return check({work, nullptr, &state});
     for (auto _ : state) check({work});
   });
+}
+
+// The floor of a cycle: copies the strings of the options.
+void copy_strings(benchmark::State& state, const Workload& work) {
+  for (auto _ : state) {
+    std::vector<std::tuple<std::string, std::string, std::string>> copies;
+    copies.reserve(work.options.size());
+    for (const Option& option : work.options) {
+      copies.emplace_back(option.name, option.name, option.help);
+    }
+    benchmark::DoNotOptimize(copies.data());
+  }
 }
 
 template <class Map>
@@ -111,6 +124,7 @@ int main(int argc, char** argv) {
   for (const Peer& peer : peers) {
     for (const std::string& measure : peer.measures) add_peer(peer, measure);
   }
+  add("cycle/floor", "cycle", copy_strings);
   add_map<norq::hsh::HashMap<std::string, int>>("norq");
   add_map<std::unordered_map<std::string, int>>("std");
   add_sort("norq", [](auto first, auto last, auto less) { norq::sort(first, last, less); });

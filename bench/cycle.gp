@@ -4,4 +4,4 @@ set xlabel "options registered, and (from 100 on) as many arguments"
 set ylabel "microseconds for a cycle"
 set key left top
 set grid
-plot for [i=2:9] "cycle.dat" using 1:i with linespoints linewidth (i == 2 ? 3 : 1) title columnheader(i) noenhanced
+plot for [i=2:10] "cycle.dat" using 1:i with linespoints linewidth (i == 2 ? 3 : 1) title columnheader(i) noenhanced
