@@ -32,5 +32,6 @@ for round in 1 2 3 4 5 6 7 8 9; do
   for name in "${names[@]}"; do echo "$name $({ time compile "$name"; } 2>&1)"; done
 done | sort -k 1,1 -k 2,2n | awk '{ time[$1, ++count[$1]] = $2 } END { for (n in count) print "compile," n "," time[n, 5] }'
 
+c++ -Os -s "$work/norq.o" "$library" -o "$work/host"
 c++ -Os -s -Wl,--gc-sections "$work/norq.o" "$library" -o "$work/host-gc-sections"
-(cd "$work" && stat -c 'size,%n,%s' host-gc-sections)
+(cd "$work" && stat -c 'size,%n,%s' host host-gc-sections)

@@ -85,7 +85,7 @@ with open(document, "w") as out:
             *([n, *(ratio(measure, (n, 0), "std") for measure in ("insert", "find", "sort"))]
               for n, _ in sorted(times["sort"])))
     section("Build cost", "A host with three options, linked statically with norq and stripped, "
-            f"has {size['host-gc-sections']} bytes with `-Wl,--gc-sections`. "
+            f"has {size['host']} bytes, or {size['host-gc-sections']} with `-Wl,--gc-sections`. "
             "The table shows the time to compile one file that includes a library and uses it, "
             "relative to a file that includes only `<string> <vector> <map> <sstream>`.",
             ["library", "ratio"],
