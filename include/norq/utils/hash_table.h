@@ -345,7 +345,7 @@ class Hashtable {
     std::vector<Bucket*> fresh(reallocate ? buckets.size() : 0);
     if (count != 0) {
       visit_nodes(buckets, [this](Bucket* node) { pool.free(node); });
-      buckets.assign(buckets.size(), nullptr);
+      for (Bucket*& chain : buckets) chain = nullptr;
       count = 0;
     }
     if (reallocate) buckets.swap(fresh);
