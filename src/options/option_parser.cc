@@ -108,14 +108,14 @@ const std::string& OptionParser::get_option_help(const std::string& key) const n
 }
 
 void OptionParser::get_options_set(hsh::HashSet<std::string>& out) const {
-  std::vector<const std::string*> added;
-  added.reserve(options.size());
+  std::vector<const std::string*> inserted(options.size());
+  std::size_t count = 0;
   try {
     for (const auto& [key, option] : options) {
-      if (option.is_set && out.insert(key)) added.push_back(&key);
+      if (option.is_set && out.insert(key)) inserted[count++] = &key;
     }
   } catch (...) {
-    for (const std::string* key : added) out.erase(*key);
+    while (count > 0) out.erase(*inserted[--count]);
     throw;
   }
 }
