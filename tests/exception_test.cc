@@ -35,4 +35,18 @@ TEST(Exception, TheTextGrowsByInsertionAndTheHookSeesItsStart) {
   EXPECT_EQ(dumped, "a;");  // once, and not for the copy
 }
 
+struct Thrower {};
+std::ostream& operator<<(std::ostream& out, Thrower /*value*/) {
+  out << "so far";
+  throw 42;
+}
+
+TEST(Exception, InsertionPropagatesWhatAValueThrowsAndIgnoresStateFlags) {
+  Exception exception("a", false);
+  EXPECT_THROW(exception << Thrower(), int);
+  EXPECT_STREQ((exception << "!").what(), "aso far!");
+  EXPECT_NO_THROW(exception << static_cast<const char*>(nullptr));
+  EXPECT_STREQ(exception.what(), "aso far!");
+}
+
 }  // namespace norq

@@ -7,6 +7,9 @@
 
 #include <vector>
 
+#include "norq/options/option_parser.h"
+#include "norq/utils/string_utils.h"
+
 namespace norq::hsh {
 
 TEST(HashTable, HashesAndBucketCounts) {
@@ -55,3 +58,35 @@ TEST(HashTable, PoolsCarveGrowingChunksAndReuseTheLastFreed) {
 }
 
 }  // namespace norq::hsh
+
+namespace norq {
+
+#ifdef __SANITIZE_ADDRESS__
+TEST(HashTable, UsingARemovedElementIsReported) {
+  OptionParser parser(BOOL_STYLE_VALUE, false);
+  parser.add_option("key", OPT_INT, "");
+  const Option* const option = parser.get_option("key");
+  parser.del_option("key");
+  EXPECT_DEATH(std::exit(option->index), "use-after-poison");
+}
+#endif
+
+std::vector<std::string> collect(str::Tokenizer tokens) {
+  return {tokens.begin(), tokens.end()};
+}
+
+// Its token is made when it is asked for.
+struct OneToken : str::TokenizerBase {
+  str::TokenIterator begin() override { return {this, 0}; }
+  str::TokenIterator end() override { return {this, std::string::npos}; }
+  std::size_t next_pos() override { return std::string::npos; }
+  const std::string& cur_token() override { return token = "one"; }
+  std::string token;
+};
+
+TEST(Tokenizer, TakesATemporaryTextAndAHostsOwnTokenizer) {
+  EXPECT_EQ(collect(str::get_tokenizer("a=b=c", "=", 1)), (std::vector<std::string>{"a", "b=c"}));
+  EXPECT_EQ(collect(str::Tokenizer(new OneToken)), std::vector<std::string>{"one"});
+}
+
+}  // namespace norq

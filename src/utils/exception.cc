@@ -1,13 +1,16 @@
 #include "norq/utils/exception.h"
 
 #include <locale>
-#include <utility>
+#include <new>
 
 namespace norq {
 
 std::stringbuf::int_type Exception::Buffer::overflow(int_type byte) {
   try {
-    return std::stringbuf::overflow(byte);
+    const int_type result = std::stringbuf::overflow(byte);
+    // Some standard libraries report a failed allocation by the end-of-file value.
+    if (traits_type::eq_int_type(result, traits_type::eof())) throw std::bad_alloc();
+    return result;
   } catch (...) {
     thrown = std::current_exception();
     throw;
@@ -24,8 +27,12 @@ Exception::Exception(const Exception& other) : Exception(other.buffer.str(), fal
 
 Exception::~Exception() = default;
 
-void Exception::rethrow() {
-  if (buffer.thrown != nullptr) std::rethrow_exception(std::exchange(buffer.thrown, nullptr));
+void Exception::start() noexcept {
+  buffer.thrown = nullptr;
+}
+
+void Exception::rethrow() const {
+  if (buffer.thrown != nullptr) std::rethrow_exception(buffer.thrown);
 }
 
 const char* Exception::what() const noexcept {

@@ -9,8 +9,8 @@
 namespace norq {
 
 /// The base of everything that norq throws on bad input. (Its other failures are the standard
-/// library's: `std::bad_alloc`, and `std::length_error` for a string longer than
-/// `std::string::max_size()`, which only 32-bit programs can meet.)
+/// library's: `std::bad_alloc`, and `std::length_error` for a string or vector longer than its
+/// `max_size()`, which only 32-bit programs can meet.)
 ///
 /// The message is a stream: build the exception with its first words, append with `<<`, throw the
 /// result. Numbers look the same whatever locale the host has made the global one.
@@ -23,9 +23,10 @@ namespace norq {
 /// is then the one linked. In it, `what()` returns the first words of the message. It must not
 /// throw; when it returns, the exception is thrown.
 ///
-/// The host's hook wins if it is in an object file of the program. norq's own may win if the hook
-/// is in a static archive (then list its object file, or `-Wl,--whole-archive` the archive, on the
-/// link line) or if a shared norq was linked with `-Bsymbolic` (then build norq without it).
+/// The host's hook wins if it is in an object file of the program. If it is in a static archive,
+/// norq's own may win: link the object file itself, or put the archive between
+/// `-Wl,--whole-archive` and `-Wl,--no-whole-archive`. A shared norq linked with `-Bsymbolic` or
+/// `-Bsymbolic-functions` always calls its own: link it with `-Wl,-Bno-symbolic` after them.
 ///
 /// The class's symbols are visible even in a host that hides its own: a hook that the host defines
 /// must be seen by a shared norq.
@@ -46,6 +47,7 @@ class [[gnu::visibility("default")]] Exception : public std::exception {
   /// follows.
   template <class T>
   Exception& operator<<(const T& x) {
+    start();
     msg << x;
     rethrow();
     return *this;
@@ -68,8 +70,11 @@ class [[gnu::visibility("default")]] Exception : public std::exception {
     int_type overflow(int_type byte) override;
   };
 
-  /// Throws what the buffer has thrown since the last call, if anything.
-  void rethrow();
+  ///@{
+  /// Forgets what the buffer threw; throws what it has thrown since then, if anything.
+  void start() noexcept;
+  void rethrow() const;
+  ///@}
 
   Buffer buffer;
   std::ostream msg{&buffer};
