@@ -5,7 +5,9 @@
 #include <cfloat>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <new>
 #include <string_view>
 
 namespace norq {
@@ -110,6 +112,14 @@ bool parse_value(const Option& opt, const std::string& text, Option::Value* out)
 }
 
 }  // namespace
+
+char* duplicate(const char* bytes, std::size_t length) {
+  auto* const buffer = static_cast<char*>(std::malloc(length + 1));
+  if (buffer == nullptr) throw std::bad_alloc();
+  std::memcpy(buffer, bytes, length);
+  buffer[length] = '\0';
+  return buffer;
+}
 
 bool handle_option(Option& opt, const std::string& text, int level) {
   const bool hold = opt.is_set && opt.level < level;

@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <new>
 #include <utility>
 
 #include "options/handle_option.h"
@@ -30,14 +29,6 @@ Option::Value copy_value(const Option& option) {
 }
 
 }  // namespace
-
-char* duplicate(const char* bytes, std::size_t length) {
-  auto* const buffer = static_cast<char*>(std::malloc(length + 1));
-  if (buffer == nullptr) throw std::bad_alloc();
-  std::memcpy(buffer, bytes, length);
-  buffer[length] = '\0';
-  return buffer;
-}
 
 Option::Option(const std::string& option_name, OptionType option_type, const std::string& help_text,
                int help_group, int ordinal)

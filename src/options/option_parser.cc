@@ -37,7 +37,7 @@ void OptionParser::set_cur_help_group(const std::string& group) {
     return;
   }
   const int number = help_group_counter + 1;
-  std::string& name = help_group_names[number];  // as in a listing, an empty one does no harm
+  std::string& name = help_group_names[number];  // stays empty if a later step throws
   std::string new_name = group;
   help_group_ids[group] = number;
 

@@ -49,8 +49,9 @@ enum OptionPrintStyle : int {
 ///
 /// Registering and reading report failure by their result; only the three parsing members throw an
 /// `Exception`. A member that allocates may throw `std::bad_alloc`, and `std::length_error` for a
-/// string longer than `std::string::max_size()`; the parser is then as it was, but for the settings
-/// that a parsing member had already applied. Lookups by key take constant time on average.
+/// string or vector longer than its `max_size()`; the parser is then as it was, but for the
+/// settings that a parsing member had already applied. Lookups by key take constant time on
+/// average.
 ///
 /// One thread at a time may use a parser; parsers share no state. While a member of a parser runs,
 /// nothing that it calls (a diagnostic hook, an output stream, an `operator<<`) may call a member
@@ -135,7 +136,7 @@ class OptionParser {
   /// REASON stops at the first NUL byte of a key or value. Running out of memory while opening the
   /// file counts as a file that cannot be opened. A read error ends the file: a statement that goes
   /// on there is applied with the lines read so far. A line longer than `std::string::max_size()`
-  /// (1 GB in 32-bit programs) throws `std::length_error`.
+  /// (1 GB with 32-bit libstdc++) throws `std::length_error`.
   void parse_config_file(const std::string& file_name, int level);
 
   /// Sets one option. Throws `error` "unknown option" if `key` is not registered and "bad value for

@@ -18,7 +18,7 @@ namespace norq {
 namespace hsh {
 
 /// Tells AddressSanitizer, if norq is built with it, whether a pool's block is free: accessing a
-/// free block is then reported.
+/// free block is then reported. Out of line, so that only norq's own build decides.
 void mark_block(void* block, std::size_t size, bool is_free) noexcept;
 
 /// The chunks of a pool. Released by the destructor only.
@@ -137,7 +137,7 @@ namespace hsh {
 template <class Key>
 struct hash;
 
-/// Quick, and good enough for names; someone who chooses the keys can make them collide.
+/// Quick, and good enough for names; not collision-resistant.
 template <>
 struct hash<std::string> {
   /// h = 5 h + b for each byte b, read as a signed 8-bit number, up to the first NUL byte; modulo

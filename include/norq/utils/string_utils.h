@@ -245,8 +245,8 @@ inline TokenIterator& TokenIterator::operator++() {
 }
 
 /// A tokenizer that cuts `text` at each byte of `delimiters`, at most `max_splits` times (0: no
-/// limit). `text` is kept by address and must outlive it, so that a temporary serves only within
-/// one expression; `delimiters`, not null, is copied.
+/// limit). `text` is kept by address and must outlive the tokenizer: a temporary is good only
+/// within its full expression. `delimiters`, not null, is copied.
 ///
 ///     str::Tokenizer parts = str::get_tokenizer(path, ":", 0);
 ///     std::vector<std::string> directories(parts.begin(), parts.end());
