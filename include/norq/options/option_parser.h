@@ -145,6 +145,12 @@ class OptionParser {
 
   // Reading
 
+  /// All options by key, in the table's iteration order. Valid as long as the parser.
+  const hsh::HashMap<std::string, Option>& get_options() const noexcept { return options; }
+
+  /// How boolean options are written on the command line.
+  OptionBoolStyle get_bool_style() const noexcept { return bool_style; }
+
   /// Whether `key` is registered. If so, its type is written through `type`, which may be null.
   bool has_option(const std::string& key, OptionType* type) const noexcept;
 

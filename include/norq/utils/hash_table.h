@@ -113,13 +113,10 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
   /// then the block is back in the pool.
   template <class... Arguments>
   T* create(Arguments&&... arguments) {
-    void* const block = this->allocate();
-    try {
-      return ::new (block) T(std::forward<Arguments>(arguments)...);
-    } catch (...) {
-      this->recycle(block);
-      throw;
-    }
+    Block block{this, this->allocate()};
+    T* const object = ::new (block.address) T(std::forward<Arguments>(arguments)...);
+    block.address = nullptr;
+    return object;
   }
 
   /// Destroys `object`, which lives in a block of this pool, and takes the block back.
@@ -127,6 +124,17 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
     object->~T();
     this->recycle(object);
   }
+
+ private:
+  // Goes back to the pool unless an object lives in it. (Not a try block: hosts may include this
+  // header in code that is compiled without exceptions.)
+  struct Block {
+    ~Block() {
+      if (address != nullptr) pool->recycle(address);
+    }
+    ObjectPool* pool;
+    void* address;
+  };
 };
 
 /// Hash tables whose iteration order and growth are part of the contract.
