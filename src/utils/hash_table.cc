@@ -76,13 +76,16 @@ std::size_t bucket_count_for(std::size_t wanted) noexcept {
 }
 
 std::uint64_t hash<std::string>::operator()(std::string_view key) const noexcept {
-  constexpr std::uint64_t factor = 5;
+  key = key.substr(0, key.find('\0'));
+  const auto byte = [&](std::size_t i) { return std::int64_t{static_cast<signed char>(key[i])}; };
   std::uint64_t h = 0;
-  for (const char byte : key) {
-    if (byte == '\0') break;
-    h = h * factor +
-        static_cast<std::uint64_t>(static_cast<std::int64_t>(static_cast<signed char>(byte)));
+  std::size_t i = 0;
+  // Four bytes at a time: only one multiplication in four waits for the one before it.
+  for (; i + 4 <= key.size(); i += 4) {
+    const std::int64_t four = 125 * byte(i) + 25 * byte(i + 1) + 5 * byte(i + 2) + byte(i + 3);
+    h = h * 625 + static_cast<std::uint64_t>(four);
   }
+  for (; i < key.size(); ++i) h = h * 5 + static_cast<std::uint64_t>(byte(i));
   return h;
 }
 
