@@ -2,48 +2,61 @@
 #define NORQ_FUZZ_FUZZ_H
 
 #include <algorithm>
-#include <cstdlib>
-#include <sstream>
+#include <iostream>
+#include <string>
+#include <vector>
 
-#include "../tests/session.h"
+#include "norq/options/option_parser.h"
+
+// Runs one input. Aborts if the library and its model differ.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size);
 
 namespace norq {
 
-// What a target does with an input. Throws if something does not hold.
-void check(const std::string& input);
+using Strings = std::vector<std::string>;
 
-// An option, and the rules by which it takes a value, read as directly as possible. An enumeration
-// knows "fast" for 7.
-struct SlowOption {
-  std::string key;
-  std::string name;
-  int type;
-  std::string state = "not set";  // what the getters answer
-  int level = 0;                  // that its value came with
+inline void expect_equal(const std::string& actual, const std::string& expected) {
+  if (actual == expected) return;
+  std::cerr << "\nactual:\n" << actual << "\nexpected:\n" << expected << '\n';
+  std::abort();
+}
 
-  bool take(const std::string& text, int new_level) {
-    std::string digits = text.substr(type == OPT_INT && text[0] == '-' ? 1 : 0);
-    if (type == OPT_FLOAT) digits.erase(std::min(digits.find('.'), digits.size()), 1);
-    const bool is_number =
-        !digits.empty() && digits.find_first_not_of("0123456789") == std::string::npos;
-    std::ostringstream out;
-    out.precision(9);
-    if (type == OPT_BOOL && (text == "true" || text == "false")) out << "bool " << (text == "true");
-    if ((type == OPT_UINT || type == OPT_INT) && is_number) {
-      const long long value = std::strtoll(text.c_str(), nullptr, 10);
-      out << "int " << std::clamp<long long>(value, -2147483648LL, 2147483647LL);
-    }
-    if (type == OPT_FLOAT && is_number)
-      out << "float " << static_cast<float>(std::strtod(text.c_str(), nullptr));
-    if (type == OPT_STR) out << "str " << text.c_str();  // up to a NUL byte
-    if (type == OPT_ENUM && text == "fast") out << "int 7";
-    const bool is_flag = type == OPT_FLAG && text.empty();
-    if (out.str().empty() && !is_flag) return false;
-    if (state != "not set" && new_level > level) return true;
-    level = new_level;
-    state = out.str() + (is_flag ? "set" : " set");
-    return true;
+// Reads the bytes of an input as choices. After the last byte every choice is 0.
+struct Input {
+  std::size_t below(std::size_t limit) { return next == end ? 0 : *next++ % limit; }
+  std::string one_of(const Strings& texts) { return texts[below(texts.size())]; }
+  std::string some_of(const Strings& texts, std::size_t most) {
+    std::string joined;
+    for (std::size_t left = below(most + 1); left > 0; --left) joined += one_of(texts);
+    return joined;
   }
+
+  const unsigned char* next;
+  const unsigned char* end;
+};
+
+// A parser with random options, and its keys in the table's order. Group 1 is called "Group 1".
+struct RandomParser {
+  explicit RandomParser(Input& input) : choice(input.below(6)) {
+    const Strings words = {"\n", " ", "\t", "and ", "words ", "in a line ", std::string(35, 'w')};
+    const std::string long_name(input.below(2) == 0 ? 9 : 68 + input.below(12), 'n');
+    for (std::size_t left = input.below(250), groups = 0; left > 0; --left) {
+      const std::string key = input.one_of({"k", "no_", "nox"}) + std::to_string(input.below(99));
+      const std::string name = input.one_of({key, key, key, "a", "no_a", "\xe9", long_name});
+      const std::string help = input.below(8) == 0 ? "deprecated" : input.some_of(words, 15);
+      const auto type = static_cast<OptionType>(input.below(7));
+      if (input.below(8) == 0) parser.set_cur_help_group("Group " + std::to_string(++groups));
+      if (parser.add_option(key, name, type, help)) keys.insert(key);
+      parser.add_enum_value(key, "fast", 7, help);
+      if (input.below(8) == 0 && parser.del_option(key)) keys.erase(key);
+    }
+  }
+
+  std::size_t choice;
+  OptionBoolStyle style = static_cast<OptionBoolStyle>(choice % 3);
+  bool pass_unknown = choice < 3;
+  OptionParser parser{style, pass_unknown};
+  hsh::HashSet<std::string> keys;
 };
 
 }  // namespace norq

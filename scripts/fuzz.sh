@@ -6,7 +6,7 @@ set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 seconds=${1:-60}
 case $seconds in *[!0-9]*) echo "usage: fuzz.sh [SECONDS]" >&2 && exit 2 ;; esac
-targets=(arguments calls config tables)
+targets=(help options)
 . scripts/requirements.sh
 
 need_build_tools
@@ -25,10 +25,8 @@ cmake --build build/fuzz --parallel "$(nproc)" \
 
 fuzz() {
   mkdir -p "corpus/$1"
-  if [ -e "../../fuzz/$1.dict" ]; then set -- "$1" -dict="../../fuzz/$1.dict"; fi
-  if ! "fuzz/fuzz_$1" "corpus/$1" "../../fuzz/corpus/$1" "${@:2}" \
-    -max_total_time="$seconds" -max_len=2048 -timeout=20 -print_final_stats=1 \
-    -artifact_prefix="$1-" >"$1.log" 2>&1; then
+  if ! "fuzz/fuzz_$1" "corpus/$1" -max_total_time="$seconds" -max_len=3000 -len_control=0 \
+    -timeout=20 -print_final_stats=1 -artifact_prefix="$1-" >"$1.log" 2>&1; then
     tail -n 40 "$1.log"
     return 1
   fi
