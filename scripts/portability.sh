@@ -28,7 +28,7 @@ try() {
     --exclude-regex "Install${4:+|$4}")
 }
 # libc++ takes a read error for the end of the file, which one of the examples' errors is about.
-try libcxx clang++ -stdlib=libc++ Examples
+try libcxx clang++ -stdlib=libc++ Document.examples
 try cxx20 clang++ -std=c++20
 try unsigned-char g++ -funsigned-char
 if has_m32 >/dev/null 2>&1; then try m32 g++ -m32; fi
