@@ -1,0 +1,186 @@
+#include "norq/tools/hints.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string_view>
+
+namespace norq {
+
+namespace {
+
+// A setting that was refused: that of a key, unless it has a sign.
+struct Refusal {
+  bool is_unknown;  // no option has the name; otherwise its form or value was refused
+  std::string name;
+  std::string value;
+  std::string_view sign = "";  // of arguments that are not negated
+  OptionBoolStyle style = BOOL_STYLE_VALUE;
+  bool negated = false;
+};
+
+std::optional<Refusal> read_error(const OptionParser& options, const OptionParser::error& error,
+                                  std::string_view text) {
+  const bool is_unknown = text.rfind("unknown option: ", 0) == 0;
+  if (!is_unknown && text.rfind("bad ", 0) != 0) return {};
+  Refusal refusal = {is_unknown, error.name, error.value};
+  const std::string& argument = error.command_line;
+  if (argument.empty()) return refusal;
+  refusal.style = options.get_bool_style();
+  const bool has_no = refusal.style == BOOL_STYLE_NO_PREFIX && argument.compare(1, 3, "no_") == 0;
+  refusal.sign = refusal.style == BOOL_STYLE_PLUS_MINUS ? "+" : "-";
+  refusal.negated = refusal.style == BOOL_STYLE_PLUS_MINUS ? argument.front() == '-' : has_no;
+  return refusal;
+}
+
+// Reads a text that ends with " (MESSAGE: KEY, value: VALUE)". Keys and values may contain the
+// separator: the longest registered key that fits is taken.
+std::optional<Refusal> read_reason(const OptionParser& options, std::string_view text) {
+  constexpr std::string_view unknown = " (unknown option: ";
+  constexpr std::string_view refused = " (bad value for option: ";
+  constexpr std::string_view separator = ", value: ";
+  const std::size_t start = std::min(text.find(unknown), text.find(refused));
+  if (start == std::string_view::npos || text.back() != ')') return {};
+  const bool is_unknown = text.find(unknown) == start;
+  text.remove_prefix(start + (is_unknown ? unknown : refused).size());
+  text.remove_suffix(1);
+  std::string_view name = text.substr(0, text.find(separator));
+  for (const auto& [key, option] : options.get_options()) {
+    const bool fits =
+        text.rfind(key, 0) == 0 && text.compare(key.size(), separator.size(), separator) == 0;
+    if (fits && key.size() > name.size()) name = key;
+  }
+  const std::string_view value = text.substr(std::min(name.size() + separator.size(), text.size()));
+  return Refusal{is_unknown, std::string(name), std::string(value)};
+}
+
+// Where a name of at most 64 bytes has each byte: bit i is set if byte i from its end is this one.
+using Matches = std::array<std::uint64_t, 256>;
+
+// The edit distance from a name of `size` bytes, or any number above `limit` if it is greater. By
+// the algorithm of H. Hyyrö, "A Bit-Vector Algorithm for Computing Levenshtein and Damerau Edit
+// Distances", Nordic Journal of Computing 10 (2003): a column of the distance matrix for each byte
+// of `other`, a bit for each row. Both names are read from their ends, where names differ most.
+std::size_t edit_distance(const Matches& matches, std::size_t size, std::string_view other,
+                          std::size_t limit) {
+  std::size_t distance = size;                 // in the last row
+  std::uint64_t one_more = ~std::uint64_t{0};  // than in the row above
+  std::uint64_t one_less = 0;
+  std::uint64_t same = 0;  // as in the row above, in the previous column
+  std::uint64_t previous_match = 0;
+  for (std::size_t left = other.size(); left > 0 && distance <= limit + left; --left) {
+    const std::uint64_t match = matches[static_cast<unsigned char>(other[left - 1])];
+    const std::uint64_t transposed = ((~same & match) << 1) & previous_match;
+    same = (((match & one_more) + one_more) ^ one_more) | match | one_less | transposed;
+    const std::uint64_t increased = one_less | ~(same | one_more);  // from the previous column
+    const std::uint64_t decreased = same & one_more;
+    distance = distance + ((increased >> (size - 1)) & 1) - ((decreased >> (size - 1)) & 1);
+    one_less = ((increased << 1) | 1) & same;
+    one_more = (decreased << 1) | ~(same | (increased << 1) | 1);
+    previous_match = match;
+  }
+  return distance;
+}
+
+// Placeholder of a value and what is accepted, by the number of the type.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 7> type_texts = {{
+    {"=BOOL", "true or false"},
+    {"=INT", "digits only, such as 7"},
+    {"=INT", "an integer, such as -7"},
+    {"=FLOAT", "digits with or without a point, such as 0.5"},
+    {"=STR", ""},
+    {"", ""},
+    {"=ENUM", ""},
+}};
+
+// How to write an option; only a boolean can be negated.
+std::string form(const Refusal& refusal, std::string_view name, OptionType type, bool negated) {
+  std::string text(refusal.sign);
+  const bool is_switch = type == OPT_BOOL && refusal.style != BOOL_STYLE_VALUE;
+  if (is_switch && negated) text = refusal.style == BOOL_STYLE_PLUS_MINUS ? "-" : "-no_";
+  text += name;
+  if (!is_switch) text += type_texts.at(static_cast<std::size_t>(type)).first;
+  if (type == OPT_FLAG && refusal.sign.empty()) text += "=";
+  return text;
+}
+
+std::string unknown_hint(const OptionParser& options, Refusal refusal) {
+  if (refusal.name.rfind("-", 0) == 0) {  // "--name" is meant as "-name"
+    refusal.name.erase(0, refusal.name.find_first_not_of('-'));
+    refusal.negated = refusal.style == BOOL_STYLE_NO_PREFIX && refusal.name.rfind("no_", 0) == 0;
+    if (refusal.negated) refusal.name.erase(0, 3);
+  }
+  const std::string_view written = refusal.name;
+  std::map<std::pair<std::size_t, std::string_view>, OptionType> nearest;  // by distance and name
+  Matches matches = {};
+  if (written.size() > 64) return "";
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    matches[static_cast<unsigned char>(written[i])] |= std::uint64_t{1} << (written.size() - 1 - i);
+  }
+  for (const auto& [key, option] : options.get_options()) {
+    const std::string& name = refusal.sign.empty() ? key : option.name;
+    const auto [shorter, longer] = std::minmax({written.size(), name.size()});
+    std::size_t limit = std::clamp<std::size_t>(longer / 3, 1, 3);
+    if (nearest.size() == 3) limit = std::min(limit, nearest.rbegin()->first.first);
+    if (shorter == 0 || longer == 1 || longer - shorter > limit) continue;
+    std::size_t missing = 0;  // from the written name: each needs an edit
+    for (const char byte : name)
+      missing += matches[static_cast<unsigned char>(byte)] == 0 ? 1U : 0U;
+    if (missing > limit) continue;
+    if (refusal.style == BOOL_STYLE_NO_PREFIX && name.rfind("no_", 0) == 0) continue;
+    const std::size_t distance = edit_distance(matches, written.size(), name, limit);
+    if (distance <= limit) nearest.try_emplace({distance, name}, option.type);
+    if (nearest.size() > 3) nearest.erase(std::prev(nearest.end()));
+  }
+  std::string hint;
+  for (const auto& [place, type] : nearest) {
+    hint += hint.empty() ? "did you mean " : " or ";
+    hint +=
+        refusal.sign.empty() ? place.second : form(refusal, place.second, type, refusal.negated);
+  }
+  return hint.empty() ? hint : hint + "?";
+}
+
+std::string refused_hint(const OptionParser& options, const Refusal& refusal) {
+  const auto& table = options.get_options();
+  const auto found = std::find_if(table.begin(), table.end(), [&](const auto& entry) {
+    return (refusal.sign.empty() ? entry.first : entry.second.name) == refusal.name;
+  });
+  if (found == table.end()) return "";
+  const Option& option = found->second;
+  const std::string form_hint =
+      "write " + form(refusal, refusal.name, option.type, refusal.negated);
+  if (option.type == OPT_BOOL && refusal.style != BOOL_STYLE_VALUE && !refusal.negated) {
+    return form_hint + " or " + form(refusal, refusal.name, OPT_BOOL, true);
+  }
+  if (option.type == OPT_FLAG || refusal.negated) return form_hint;
+
+  std::string accepted(type_texts.at(static_cast<std::size_t>(option.type)).second);
+  if (option.enum_values != nullptr) {
+    for (const auto& [name, code_and_help] : *option.enum_values) {
+      accepted.append(accepted.empty() ? "one of: " : ", ").append(name);
+    }
+  }
+  if (accepted.empty()) return "";
+  if (!refusal.value.empty())
+    return std::string(refusal.sign) + refusal.name + " takes " + accepted;
+  const bool is_choice = option.type == OPT_BOOL || option.type == OPT_ENUM;
+  return is_choice ? form_hint + ", " + accepted : form_hint;
+}
+
+}  // namespace
+
+std::string explain(const OptionParser& options, const Exception& refusal) {
+  std::string text = refusal.what();
+  const auto* const error = dynamic_cast<const OptionParser::error*>(&refusal);
+  const std::optional<Refusal> refused =
+      error == nullptr ? read_reason(options, text) : read_error(options, *error, text);
+  if (!refused.has_value()) return text;
+  const std::string hint =
+      refused->is_unknown ? unknown_hint(options, *refused) : refused_hint(options, *refused);
+  return hint.empty() ? text : text + " (" + hint + ")";
+}
+
+}  // namespace norq
