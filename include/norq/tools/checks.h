@@ -1,0 +1,41 @@
+#ifndef NORQ_TOOLS_CHECKS_H
+#define NORQ_TOOLS_CHECKS_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "norq/options/option_parser.h"
+
+/// Checks that parsing cannot make. The value of a default counts like any other.
+namespace norq {
+
+///@{
+/// Reads an OPT_STR option as a decimal number, in any locale: digits, a sign if there is one, and
+/// for a double also a point and an exponent. Returns false, and writes nothing, if `key` is not
+/// registered, not set or of another type.
+///
+/// Throws `OptionParser::error` "bad value for option" if the whole text is not such a number, and
+/// "value out of range LOW to HIGH" if it is not from `low` to `high` (no number is if `low` is
+/// greater or a bound is NaN) or overflows. The error's name is `key`; `*out` is untouched.
+bool get_int64_option(const OptionParser& options, const std::string& key, std::int64_t low,
+                      std::int64_t high, std::int64_t* out);
+bool get_double_option(const OptionParser& options, const std::string& key, double low, double high,
+                       double* out);
+///@}
+
+/// Throws the same "value out of range LOW to HIGH" for the value of an OPT_INT, OPT_UINT or
+/// OPT_FLOAT option. Options of other types, and those not set, pass.
+void check_range(const OptionParser& options, const std::string& key, double low, double high);
+
+/// Throws `Exception` "required option is not set: NAME" for the first key that is not set. NAME is
+/// the display name, or the key if it is not registered.
+void require_options(const OptionParser& options, const std::vector<std::string>& keys);
+
+/// Throws `Exception` "options exclude each other: NAME, NAME" for the first two options that are
+/// set. Keys that are not registered, or stand there twice, do not count.
+void exclude_options(const OptionParser& options, const std::vector<std::string>& keys);
+
+}  // namespace norq
+
+#endif  // NORQ_TOOLS_CHECKS_H
