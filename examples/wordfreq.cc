@@ -3,6 +3,9 @@
 #include <iostream>
 
 #include "norq/options/option_parser.h"
+#include "norq/tools/checks.h"
+#include "norq/tools/defaults.h"
+#include "norq/tools/hints.h"
 #include "words.h"
 
 using namespace norq;
@@ -10,41 +13,45 @@ using namespace norq;
 static void register_options(OptionParser& options) {
   options.add_option("config", OPT_STR, "Configuration file; the command line overrides it.");
   options.add_option("help", OPT_FLAG, "Print this listing.");
-  options.add_option("help_order", OPT_ENUM, "Order of this listing; group if not given.");
+  options.add_option("help_order", OPT_ENUM, "Order of this listing.");
   options.add_enum_value("help_order", "index", PRINT_ORDER_INDEX, "as registered");
   options.add_enum_value("help_order", "name", PRINT_ORDER_NAME, "by name");
   options.add_enum_value("help_order", "group", PRINT_ORDER_GROUP_NAME, "by group and name");
-  options.add_option("help_style", OPT_ENUM, "Layout of this listing; aligned if not given.");
+  options.add_option("help_style", OPT_ENUM, "Layout of this listing.");
   options.add_enum_value("help_style", "tab", PRINT_STYLE_TAB, "for other programs");
   options.add_enum_value("help_style", "aligned", PRINT_STYLE_ALIGNED, "in two columns");
   options.add_enum_value("help_style", "indented", PRINT_STYLE_INDENTED, "texts below names");
   options.set_cur_help_group("What is counted");
-  options.add_option("fold_case", OPT_BOOL, "Whether The counts as the; no if not given.");
+  options.add_option("fold_case", OPT_BOOL, "Whether The counts as the.");
   options.add_option("leave_out", OPT_STR, "File of words not to count.");
   options.set_cur_help_group("What is printed");
   options.add_option("min_percent", OPT_FLOAT, "Least share, in per cent, of a word to print.");
-  options.add_option("order", OPT_ENUM, "Order of the words; count if not given.");
+  options.add_option("order", OPT_ENUM, "Order of the words.");
   options.add_enum_value("order", "count", 0, "the most frequent first");
   options.add_enum_value("order", "word", 1, "by the word's bytes");
   options.add_option("skip", OPT_INT, "How many words to skip; -3 leaves the last three.");
-  options.add_option("top", OPT_UINT, "How many words to print at most; 10 if not given.");
+  options.add_option("top", OPT_UINT, "How many words to print at most.");
+  set_default(options, "help_order", "group");
+  set_default(options, "help_style", "aligned");
+  set_default(options, "fold_case", "false");
+  set_default(options, "order", "count");
+  set_default(options, "top", "10");
 }
 
-static void run(int argc, char** argv) {
-  OptionParser options(BOOL_STYLE_NO_PREFIX, false);
-  register_options(options);
+static void run(OptionParser& options, int argc, char** argv) {
   std::vector<std::string> files;
   options.parse_args(argc, argv, files, 0);
   std::string config;  // its level is weaker, so that the command line wins though it came first
   if (options.get_str_option("config", &config)) options.parse_config_file(config, 1);
   if (options.get_flag_option("help")) {
-    int order = PRINT_ORDER_GROUP_NAME;  // stays if the option is not set
-    int style = PRINT_STYLE_ALIGNED;
+    int order = 0;
+    int style = 0;
     options.get_int_option("help_order", &order);
     options.get_int_option("help_style", &style);
     return options.print_help(std::cout, "Usage: wordfreq [options] [file ...]",
                               OptionPrintOrder(order), OptionPrintStyle(style));
   }
+  check_range(options, "min_percent", 0, 100);
   bool fold_case = false;
   options.get_bool_option("fold_case", &fold_case);
   Listing listing;
@@ -69,11 +76,18 @@ static void run(int argc, char** argv) {
   print_words(counts, listing, std::cout);
 }
 
-int main(int argc, char** argv) try {
+int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);  // a synchronised standard input takes errors for its end
-  run(argc, argv);
-  if (!std::cout.flush()) throw Exception("unable to write to standard output", true);
-} catch (const std::exception& failure) {
-  std::cerr << failure.what() << '\n';
+  OptionParser options(BOOL_STYLE_NO_PREFIX, false);
+  try {
+    register_options(options);
+    run(options, argc, argv);
+    if (!std::cout.flush()) throw Exception("unable to write to standard output", true);
+    return 0;
+  } catch (const Exception& refusal) {
+    std::cerr << explain(options, refusal) << '\n';
+  } catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+  }
   return 2;
 }
