@@ -4,16 +4,15 @@
 
 #include "support.h"
 
-TEST(TryParse, GivesUpTheMessageIfOutOfMemory) {
+TEST(TryParse, ReportsWhatWasThrown) {
   norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
-  const char* const argv[] = {"program", "-unknown_option"};
+  const char* const argv[] = {"program", "file", "-unknown"};
   std::vector<std::string> rest;
-  for (const int allocations : {0, 1000}) {
-    std::string message = "before";
-    norq::let_allocations_fail(norq::Failing::ALL_FROM, allocations);
-    const bool parsed = norq::try_parse_args(options, 2, argv, rest, 0, &message);
-    norq::stop_failing_allocations();
-    EXPECT_FALSE(parsed);
-    EXPECT_NE(message, "before");
-  }
+  std::string message = "before";
+  EXPECT_TRUE(norq::try_parse_args(options, 2, argv, rest, 0, &message) && message == "before");
+  norq::let_allocations_fail(norq::Failing::ALL_FROM, 0);
+  EXPECT_FALSE(norq::try_parse_config_file(options, "missing", 0, nullptr));
+  norq::stop_failing_allocations();
+  EXPECT_FALSE(norq::try_parse_args(options, 3, argv, rest, 0, &message));
+  EXPECT_EQ(message, "unknown option: unknown, value: , command-line: -unknown");
 }
