@@ -1,0 +1,25 @@
+// environment: options from the command line and from variables such as SERVE_PORT.
+#include "norq/tools/environment.h"
+
+#include <iostream>
+
+#include "norq/options/option_parser.h"
+
+int main(int argc, char** argv) {
+  norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
+  options.add_option("host", norq::OPT_STR, "Where to listen.");
+  options.add_option("port", norq::OPT_UINT, "The port to listen on.");
+  try {
+    std::vector<std::string> rest;
+    options.parse_args(argc, argv, rest, 0);
+    norq::parse_environment(options, "SERVE_", 1);  // weaker than the command line
+  } catch (const norq::Exception& refusal) {
+    std::cerr << refusal.what() << '\n';
+    return 2;
+  }
+  std::string host = "localhost";
+  int port = 8080;
+  options.get_str_option("host", &host);
+  options.get_int_option("port", &port);
+  std::cout << "serving on " << host << ", port " << port << '\n';
+}

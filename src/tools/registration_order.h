@@ -1,0 +1,29 @@
+#ifndef NORQ_TOOLS_REGISTRATION_ORDER_H
+#define NORQ_TOOLS_REGISTRATION_ORDER_H
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "norq/options/option_parser.h"
+
+namespace norq {
+
+// A key with its option, as they stand in the parser's table.
+using OptionEntry = std::pair<std::string, Option>;
+
+// All options in the order in which they were registered.
+inline std::vector<const OptionEntry*> in_registration_order(const OptionParser& options) {
+  std::vector<const OptionEntry*> entries;
+  entries.reserve(options.get_options().size());
+  for (const OptionEntry& entry : options.get_options()) entries.push_back(&entry);
+  std::sort(entries.begin(), entries.end(), [](const OptionEntry* a, const OptionEntry* b) {
+    return a->second.index < b->second.index;
+  });
+  return entries;
+}
+
+}  // namespace norq
+
+#endif  // NORQ_TOOLS_REGISTRATION_ORDER_H
