@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Types command lines and tabs into bash, zsh and fish with the scripts FOLDER/bash, FOLDER/zsh and
+# FOLDER/fish of completion_test.cc. Exits with status 77 if a shell is missing.
+# Usage: check_completion.sh FOLDER
+set -eu
+{ command -v zsh && command -v fish; } >/dev/null || exit 77
+scripts=$1
+export HOME LC_ALL=C.UTF-8
+HOME=$(mktemp -d)
+trap 'rm -rf "$HOME"' EXIT
+cd "$HOME"
+touch file.txt
+lines=('host -f' 'host -mo' 'host -mode=f' 'host -mode=\$' 'host -max=f' 'host -mask=f' 'host -\$' 'host f')
+
+# type_in COMMAND SETTINGS: types into a shell on a terminal of its own. Control-T prints the line.
+type_in() {
+  timeout 60 zsh -f -c 'zmodload zsh/zpty
+    zpty shell $1
+    zpty -w shell $2
+    for line in ${@[3,-1]}; do zpty -w -n shell $line$'\''\t\x14'\''; done
+    zpty -w shell exit
+    while zpty -r shell; do :; done' type_in "$@" "${lines[@]}" >/dev/null
+}
+type_in 'bash --norc --noprofile -i' ". $scripts/bash; bind -x '\"\\C-t\": save'
+  save() { echo \"\$READLINE_LINE\" >>.bash; READLINE_LINE=; }"
+type_in 'zsh -f -i' "autoload -Uz compinit; compinit -D -u; . $scripts/zsh; zle -N save
+  bindkey ^T save; save() { print -r -- \"\$BUFFER\" >>.zsh; BUFFER=; }"
+for line in "${lines[@]}"; do
+  fish --no-config -c 'source $argv[1]/fish; complete -C $argv[2]' "$scripts" "$line" >>.fish
+done
+
+word='-\$\(touch\ hit\)\`touch\ hit\`\'\''\;touch\ hit\;\'\''\"\\\|\&\*:ä'
+for shell in .bash .zsh; do
+  printf 'host %s\n' '-fold ' '-mode=' '-mode=fast ' "-mode=${word#-} " '-max=f' '-mask=file.txt ' \
+    "$word=" 'file.txt ' | diff - "$shell"
+done
+word=$(eval "echo $word")
+text=${word#-}
+printf '%s\n' "-fold	$text  ." "-mode=	How" "-mode=fast	$text" "-mode=$text	$text" \
+  '-mask=file.txt' "$word=" 'file.txt' | diff - .fish
+[ "$(ls)" = file.txt ]
