@@ -39,7 +39,7 @@ TEST(Completion, WordsOfEachBoolStyle) {
   }
 }
 
-// What a shell reads outside single quotes.
+// What a shell reads outside single quotes, and the backslashes between them, which fish reads.
 std::string unquoted_part(const std::string& script) {
   std::string part;
   bool is_quoted = false;
@@ -48,7 +48,7 @@ std::string unquoted_part(const std::string& script) {
       is_quoted = !is_quoted;
     } else if (!is_quoted && script[i] == '\\') {
       ++i;
-    } else if (!is_quoted) {
+    } else if (!is_quoted || script[i] == '\\') {
       part.push_back(script[i]);
     }
   }
