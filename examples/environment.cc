@@ -18,7 +18,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   std::string host = "localhost";
-  int port = 8080;
+  constexpr int default_port = 8080;
+  int port = default_port;
   options.get_str_option("host", &host);
   options.get_int_option("port", &port);
   std::cout << "serving on " << host << ", port " << port << '\n';

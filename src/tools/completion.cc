@@ -196,7 +196,7 @@ std::string list(const std::vector<Word>& words, std::string (*format)(const Wor
 
 void write_completion(const OptionParser& options, const std::string& program,
                       CompletionShell shell, std::ostream& out) {
-  const auto [format, script] = shells.at(static_cast<std::size_t>(shell));
+  const Shell& target = shells.at(static_cast<std::size_t>(shell));
   const Words words = words_of(options);
   std::string function = "_norq_";
   for (const char byte : program) {
@@ -208,11 +208,11 @@ void write_completion(const OptionParser& options, const std::string& program,
   const Parts parts = {{"<function>", function},
                        {"<program>", quoted(program)},
                        {"<signs>", has_plus ? "-+" : "-"},
-                       {"<names>", list(words.names, format)},
-                       {"<openers>", list(words.openers, format)},
-                       {"<values>", list(words.values, format)},
+                       {"<names>", list(words.names, target.format)},
+                       {"<openers>", list(words.openers, target.format)},
+                       {"<values>", list(words.values, target.format)},
                        {"<files>", list(words.files, file_word)}};
-  const std::string text = expand(script, parts);
+  const std::string text = expand(target.script, parts);
   out.write(text.data(), static_cast<std::streamsize>(text.size())).flush();
 }
 

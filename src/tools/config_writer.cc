@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <map>
 #include <optional>
 #include <ostream>
@@ -87,7 +88,7 @@ std::optional<std::string> float_text(float value) {
     for (const long long candidate : {digits, digits + 1, digits - 1}) {
       std::string text = plain_decimal(std::to_string(candidate), exponent);
       reader.parse_option("", text, 0);
-      if (reader.get_option("")->value.float_value == value) return text;
+      if (std::equal_to<>()(reader.get_option("")->value.float_value, value)) return text;
     }
   }
 }

@@ -15,9 +15,10 @@ using OptionEntry = std::pair<std::string, Option>;
 
 // All options in the order in which they were registered.
 inline std::vector<const OptionEntry*> in_registration_order(const OptionParser& options) {
-  std::vector<const OptionEntry*> entries;
-  entries.reserve(options.get_options().size());
-  for (const OptionEntry& entry : options.get_options()) entries.push_back(&entry);
+  const auto& table = options.get_options();
+  std::vector<const OptionEntry*> entries(table.size());
+  std::transform(table.begin(), table.end(), entries.begin(),
+                 [](const OptionEntry& entry) { return &entry; });
   std::sort(entries.begin(), entries.end(), [](const OptionEntry* a, const OptionEntry* b) {
     return a->second.index < b->second.index;
   });
