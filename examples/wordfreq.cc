@@ -4,6 +4,8 @@
 
 #include "norq/options/option_parser.h"
 #include "norq/tools/checks.h"
+#include "norq/tools/completion.h"
+#include "norq/tools/config_writer.h"
 #include "norq/tools/defaults.h"
 #include "norq/tools/hints.h"
 #include "words.h"
@@ -12,6 +14,11 @@ using namespace norq;
 
 static void register_options(OptionParser& options) {
   options.add_option("config", OPT_STR, "Configuration file; the command line overrides it.");
+  options.add_option("write_config", OPT_FLAG, "Print the settings as a configuration file.");
+  options.add_option("completion", OPT_ENUM, "Print a completion script for a shell.");
+  options.add_enum_value("completion", "bash", COMPLETION_BASH, "");
+  options.add_enum_value("completion", "zsh", COMPLETION_ZSH, "");
+  options.add_enum_value("completion", "fish", COMPLETION_FISH, "");
   options.add_option("help", OPT_FLAG, "Print this listing.");
   options.add_option("help_order", OPT_ENUM, "Order of this listing.");
   options.add_enum_value("help_order", "index", PRINT_ORDER_INDEX, "as registered");
@@ -52,6 +59,15 @@ static void run(OptionParser& options, int argc, char** argv) {
                               OptionPrintOrder(order), OptionPrintStyle(style));
   }
   check_range(options, "min_percent", 0, 100);
+  int shell = 0;
+  if (options.get_int_option("completion", &shell)) {
+    return write_completion(options, "wordfreq", CompletionShell(shell), std::cout);
+  }
+  if (options.get_flag_option("write_config")) {
+    for (const char* const key : {"config", "write_config"}) options.del_option(key);
+    write_config(options, std::cout, true);
+    return;
+  }
   bool fold_case = false;
   options.get_bool_option("fold_case", &fold_case);
   Listing listing;
