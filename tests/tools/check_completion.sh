@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Types command lines and tabs into bash, zsh and fish with the scripts FOLDER/bash, FOLDER/zsh and
-# FOLDER/fish of completion_test.cc. Exits with status 77 if a shell is missing.
-# Usage: check_completion.sh FOLDER
+# Types command lines and tabs into bash, zsh and fish with the scripts of completion_test.cc, in
+# files PREFIXbash, PREFIXzsh and PREFIXfish. Exits with status 77 if a shell is missing.
+# Usage: check_completion.sh PREFIX
+# shellcheck disable=SC1003,SC2016  # single quotes protect what the other shells expand
 set -eu
 { command -v zsh && command -v fish; } >/dev/null || exit 77
 scripts=$1
@@ -10,7 +11,8 @@ HOME=$(mktemp -d)
 trap 'rm -rf "$HOME"' EXIT
 cd "$HOME"
 touch file.txt
-lines=('host -f' 'host -mo' 'host -mode=f' 'host -mode=\$' 'host -max=f' 'host -mask=f' 'host -\$' 'host f')
+lines=('host -f' 'host -mo' 'host -mode=f' 'host -mode=\$' 'host -max=f' 'host -mask=f' 'host -\$'
+  'host f')
 
 # type_in COMMAND SETTINGS: types into a shell on a terminal of its own. Control-T prints the line.
 type_in() {
@@ -21,12 +23,12 @@ type_in() {
     zpty -w shell exit
     while zpty -r shell; do :; done' type_in "$@" "${lines[@]}" >/dev/null
 }
-type_in 'bash --norc --noprofile -i' ". $scripts/bash; bind -x '\"\\C-t\": save'
+type_in 'bash --norc --noprofile -i' ". ${scripts}bash; bind -x '\"\\C-t\": save'
   save() { echo \"\$READLINE_LINE\" >>.bash; READLINE_LINE=; }"
-type_in 'zsh -f -i' "autoload -Uz compinit; compinit -D -u; . $scripts/zsh; zle -N save
+type_in 'zsh -f -i' "autoload -Uz compinit; compinit -D -u; . ${scripts}zsh; zle -N save
   bindkey ^T save; save() { print -r -- \"\$BUFFER\" >>.zsh; BUFFER=; }"
 for line in "${lines[@]}"; do
-  fish --no-config -c 'source $argv[1]/fish; complete -C $argv[2]' "$scripts" "$line" >>.fish
+  fish --no-config -c 'source $argv[1]fish; complete -C $argv[2]' "$scripts" "$line" >>.fish
 done
 
 word='-\$\(touch\ hit\)\`touch\ hit\`\'\''\;touch\ hit\;\'\''\"\\\|\&\*:ä'

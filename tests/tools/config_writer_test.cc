@@ -1,7 +1,8 @@
 #include "norq/tools/config_writer.h"
 
-#include <cmath>
+#include <cstdlib>
 #include <fstream>
+#include <map>
 #include <random>
 #include <sstream>
 
@@ -10,7 +11,7 @@
 namespace norq {
 namespace {
 
-TEST(ConfigWriter, WritesAFileForReadersAndLeavesOutWhatItCannotHold) {
+TEST(ConfigWriter, WritesForReadersAndLeavesOutWhatNoFileCanHold) {
   OptionParser options(BOOL_STYLE_PLUS_MINUS, false);
   options.add_option("quiet", OPT_FLAG, "deprecated");
   options.set_cur_help_group("Late");
@@ -26,16 +27,13 @@ TEST(ConfigWriter, WritesAFileForReadersAndLeavesOutWhatItCannotHold) {
   for (const char* const key : {"quiet", "x"}) options.parse_option(key, "", 0);
   options.parse_option("mode", "q", 0);
   options.parse_option("v", "-007", 0);
-  const std::vector<std::string> left_out = {"uint", "code", "-1", "-0", "inf", "nan", "="};
-  options.add_option("uint", OPT_UINT, "");
-  options.add_option("code", OPT_ENUM, "");
-  for (const char* const key : {"-1", "-0", "inf", "nan"}) {
-    options.add_option(key, OPT_FLOAT, "");
-    options.get_option(key)->value.float_value = std::strtof(key, nullptr);
+  const std::vector<std::string> left_out = {"uint", "code", "-1", "-0", "inf", "nan"};
+  for (const std::string& key : left_out) {
+    options.add_option(key, key == "uint" ? OPT_UINT : key == "code" ? OPT_ENUM : OPT_FLOAT, "");
+    options.get_option(key)->value.float_value = std::strtof(key.c_str(), nullptr);
+    options.get_option(key)->is_set = true;
   }
   options.get_option("uint")->value.int_value = -1;
-  for (std::size_t i = 0; i < 6; ++i) options.get_option(left_out[i])->is_set = true;
-  options.add_option("=", OPT_STR, "");
   std::ostringstream out;
   EXPECT_EQ(write_config(options, out, true), left_out);
   EXPECT_EQ(out.str(), R"(# deprecated
@@ -68,7 +66,6 @@ TEST(ConfigWriter, FloatsHaveTheFewestDigits) {
   const std::string zeros(44, '0');
   const std::string tiny = "0." + zeros.substr(0, 25);
   const std::pair<std::string, std::string> rows[] = {
-      {"000.00", "0"},
       {"00.10000000149011612", "0.1"},
       {"0." + zeros + "14012985", "0." + zeros + "1"},
       // 2^87, below which floats lie closer together. 15474250 reads as the next one down.
@@ -87,17 +84,23 @@ TEST(ConfigWriter, FloatsHaveTheFewestDigits) {
   }
 }
 
-void parse_text(const std::string& text, OptionParser* options) {
+// Reads a file into new string options: what they are then set to, or nothing if it is refused.
+std::map<std::string, std::string> read(const std::string& text,
+                                        const std::vector<std::string>& keys) {
   const std::string file_name = testing::TempDir() + "config_writer_test.conf";
   std::ofstream(file_name, std::ios::binary) << text;
-  options->parse_config_file(file_name, 0);
-}
-
-// The value of an option after reading a file, or "not set".
-std::string value_of(const OptionParser& options, const std::string& key) {
-  std::string value = "not set";
-  options.get_str_option(key, &value);
-  return value;
+  OptionParser options(BOOL_STYLE_VALUE, false);
+  for (const std::string& key : keys) options.add_option(key, OPT_STR, "");
+  std::map<std::string, std::string> values;
+  try {
+    options.parse_config_file(file_name, 0);
+    for (const std::string& key : keys) {
+      std::string value;
+      if (options.get_str_option(key, &value)) values[key] = value;
+    }
+  } catch (const Exception&) {
+  }
+  return values;
 }
 
 TEST(ConfigWriter, WhatIsWrittenIsReadBackAndTheRestIsLeftOut) {
@@ -107,34 +110,27 @@ TEST(ConfigWriter, WhatIsWrittenIsReadBackAndTheRestIsLeftOut) {
     for (char& byte : text) byte = "ab #=\\\n\r\t\x80"[random() % 10];
     return text;
   };
-  for (int round = 0; round < 300; ++round) {
-    OptionParser written(BOOL_STYLE_VALUE, false);
-    OptionParser read(BOOL_STYLE_VALUE, false);
+  for (int round = 0; round < 100; ++round) {
+    OptionParser options(BOOL_STYLE_VALUE, false);
+    std::vector<std::string> keys;
     std::vector<std::string> left_out;
+    std::map<std::string, std::string> values;
     for (int i = 0; i < 4; ++i) {
       const std::string key = random_text();
       const std::string text = random_text();
-      written.set_cur_help_group(random_text());
-      if (!written.add_option(key, OPT_STR, random_text())) continue;
-      written.parse_option(key, text, 0);
-      read.add_option(key, OPT_STR, "");
-      // A file can hold the setting if the plain line is read as that and nothing else.
-      OptionParser alone(BOOL_STYLE_VALUE, false);
-      alone.add_option(key, OPT_STR, "");
-      try {
-        parse_text(key + " = " + text + "\n", &alone);
-      } catch (const Exception&) {
-        alone.reset();
-      }
-      if (value_of(alone, key) != text) left_out.push_back(key);
+      options.set_cur_help_group(random_text());
+      if (!options.add_option(key, OPT_STR, random_text())) continue;
+      options.parse_option(key, text, 0);
+      keys.push_back(key);
+      // A file can hold the setting if its plain line is read as the setting.
+      const auto alone = read(key + " = " + text + "\n", {key});
+      const std::map<std::string, std::string> setting = {{key, text}};
+      if (alone == setting) values[key] = text;
+      if (alone != setting) left_out.push_back(key);
     }
     std::ostringstream out;
-    EXPECT_EQ(write_config(written, out, false), left_out);
-    parse_text(out.str(), &read);
-    for (const std::string& key : left_out) EXPECT_TRUE(written.del_option(key));
-    for (const auto& [key, option] : read.get_options()) {
-      EXPECT_EQ(value_of(read, key), value_of(written, key)) << out.str();
-    }
+    EXPECT_EQ(write_config(options, out, false), left_out);
+    EXPECT_EQ(read(out.str(), keys), values) << out.str();
   }
 }
 
@@ -145,8 +141,8 @@ TEST(ConfigWriter, WritesNothingWhenOutOfMemory) {
   };
   const auto make = [] {
     auto host = std::make_unique<Host>();
-    host->options.add_option("mode", OPT_STR, std::string(40, 'x'));
-    host->options.parse_option("mode", "", 0);
+    host->options.add_option("flag", OPT_FLAG, std::string(40, 'x'));
+    host->options.parse_option("flag", "", 0);
     return host;
   };
   const auto write = [](const auto& host) { write_config(host->options, host->full, false); };
