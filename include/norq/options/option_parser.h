@@ -9,14 +9,14 @@
 #include "norq/utils/exception.h"
 #include "norq/utils/hash_table.h"
 
-/// The options of command-line programs. A host needs `OptionParser`; what it is built on may be
-/// used alone.
+/// Options of command-line programs. A host needs `OptionParser`; its building blocks can be used
+/// alone.
 namespace norq {
 
 /// How boolean options are written on the command line.
 enum OptionBoolStyle : int {
   BOOL_STYLE_NO_PREFIX = 0,   ///< -name and -no_name
-  BOOL_STYLE_PLUS_MINUS = 1,  ///< +name and -name; every other option is then written +name=value
+  BOOL_STYLE_PLUS_MINUS = 1,  ///< +name and -name; options of other types are +name=value
   BOOL_STYLE_VALUE = 2,       ///< -name=true and -name=false
 };
 
@@ -31,27 +31,26 @@ enum OptionPrintOrder : int {
 
 /// The layout of a help listing.
 enum OptionPrintStyle : int {
-  PRINT_STYLE_TAB = 0,       ///< entry, tab, help text as it is: for other programs to read
+  PRINT_STYLE_TAB = 0,       ///< entry, tab, unchanged help text: for other programs to read
   PRINT_STYLE_ALIGNED = 1,   ///< help texts in a column one space to the right of the widest entry
   PRINT_STYLE_INDENTED = 2,  ///< help texts below their entries, from column 10 on
 };
 
 /// The options of a program: registered once, set from any number of sources, read back, listed.
 ///
-/// The parser owns its options. An option is found by its key everywhere but on the command line
-/// and in the help listing, which show its display name (the key, unless another was given). Keys
-/// and names are byte strings, compared byte for byte.
+/// The parser owns its options. Options are found by key, except on the command line, which uses
+/// the display name (the key, unless another was given); the help listing shows that name, too.
+/// Keys and names are byte strings, compared byte for byte.
 ///
 /// An option has no default: until a value is stored it is not set, and reading it leaves the
-/// host's variable as it is. Each source of settings has a level, any `int`; a value that came with
-/// a smaller level is never replaced by one that comes with a larger, at equal levels the later
-/// wins. A value that is not stored for its level is checked all the same.
+/// host's variable unchanged. Each source has a level, any `int`. A value is never replaced by one
+/// with a larger level; at equal levels the later value wins. A value that is not stored because of
+/// its level is still checked.
 ///
 /// Registering and reading report failure by their result; only the three parsing members throw an
 /// `Exception`. A member that allocates may throw `std::bad_alloc`, and `std::length_error` for a
-/// string or vector longer than its `max_size()`; the parser is then as it was, but for the
-/// settings that a parsing member had already applied. Lookups by key take constant time on
-/// average.
+/// string or vector longer than its `max_size()`; the parser is then unchanged, except for settings
+/// that a parsing member had already applied. Lookups by key take constant time on average.
 ///
 /// One thread at a time may use a parser; parsers share no state. While a member of a parser runs,
 /// nothing that it calls (a diagnostic hook, an output stream, an `operator<<`) may call a member
@@ -60,90 +59,99 @@ class OptionParser {
  public:
   class error;
 
-  /// A parser without options. `pass_unknown_options` says what becomes of command-line options
-  /// with an unknown name: true hands them back with the plain arguments, false makes them errors.
+  ///@name Construct
+  ///@{
+
+  /// A parser without options. If `pass_unknown_options` is true, command-line options with an
+  /// unknown name are returned with the positional arguments; otherwise they are errors.
   OptionParser(OptionBoolStyle style, bool pass_unknown_options);
-  OptionParser(const OptionParser&) = delete;
-  OptionParser& operator=(const OptionParser&) = delete;
+  OptionParser(const OptionParser&) = delete;             ///< parsers are not copied
+  OptionParser& operator=(const OptionParser&) = delete;  ///< parsers are not copied
 
   /// Destroys the two group tables, then the options.
   ~OptionParser();
 
-  /// Removes all options and help groups; the constructor's two settings stay, and the size of the
-  /// tables, from which their iteration order follows.
+  /// Removes all options and help groups. Keeps the constructor's two settings and the sizes of the
+  /// tables, which determine their iteration order.
   void reset() noexcept;
 
-  // Registration
+  ///@}
+  ///@name Register
+  ///@{
 
-  /// Makes the help group of this name current, and creates it if it is new: options registered
-  /// from now on belong to it. Groups are numbered from 1 on as they are created, and listed in
-  /// that order, after the options registered before there was a group. Any text is a name.
+  /// Selects the help group of the options registered from now on, and creates it if it is new.
+  /// Groups are numbered from 1 and listed in the order of their creation, after the options
+  /// registered before the first group. Any text is a name.
   void set_cur_help_group(const std::string& group);
 
   /// Registers an option under `key`, in the current help group. Returns false, and changes
   /// nothing, if `key` is registered already.
   bool add_option(const std::string& key, OptionType type, const std::string& help);
 
-  /// The same with a display name of its own. Of several options with the same name the command
-  /// line reaches the one that comes first in the table's iteration order.
+  /// Registers an option with a display name of its own. If several options have the same name, the
+  /// command line sets the one that comes first in the table's iteration order.
   bool add_option(const std::string& key, const std::string& name, OptionType type,
                   const std::string& help);
 
-  /// Adds an allowed value to an OPT_ENUM option. `code` is what `get_int_option` yields for it;
-  /// several values may share one. Returns false, and changes nothing, if `key` is not registered
-  /// or of another type, or has a value of this name already.
+  /// Adds an allowed value to an OPT_ENUM option. `get_int_option` reads its `code`, which
+  /// several values may share. Returns false, and changes nothing, if `key` is not registered or of
+  /// another type, or has a value of this name already.
   bool add_enum_value(const std::string& key, const std::string& value_name, int code,
                       const std::string& help);
 
-  /// Removes an option; false if `key` is not registered. Indices are not given out again.
+  /// Removes an option; false if `key` is not registered. Indices are not reused.
   bool del_option(const std::string& key) noexcept;
 
   /// Replaces an option's help text; false if `key` is not registered.
   bool set_option_help(const std::string& key, const std::string& help);
 
-  // Setting
+  ///@}
+  ///@name Set
+  ///@{
 
   /// Applies an argument vector: `argc` NUL-terminated strings, of which element 0, the program's
   /// name, is skipped. An argument that starts with '-' (under BOOL_STYLE_PLUS_MINUS also with '+')
   /// is an option: the sign, the name and, after the first '=', the value. All others are appended
-  /// to `remaining` in their order, as copies. There is no end-of-options mark, and a value is
-  /// never taken from the next argument.
+  /// to `remaining` in their order, as copies. No argument ends the options, and a value is never
+  /// taken from the next argument.
   ///
-  /// Under BOOL_STYLE_NO_PREFIX "no_" after the sign is taken off and switches a boolean off; one
+  /// Under BOOL_STYLE_NO_PREFIX "no_" after the sign is removed and switches a boolean off; one
   /// whose own name starts with "no_" can only be switched off, by "-no_no_" and the rest. Under
-  /// BOOL_STYLE_PLUS_MINUS '-' switches off. No other kind of option may be switched off. Under
-  /// BOOL_STYLE_VALUE a boolean's value may be in any letter case. Costs time in proportion to the
+  /// BOOL_STYLE_PLUS_MINUS '-' switches off. Only booleans can be switched off. Under
+  /// BOOL_STYLE_VALUE a boolean's value may be in any letter case. Takes time in proportion to the
   /// lengths of the arguments, plus one pass over all options and buckets of the table if there is
   /// an option among the arguments.
   ///
   /// Throws `error` "unknown option" if no option has that name (unless the parser passes such
   /// arguments on to `remaining`), and "bad option format" if the form does not suit the option's
-  /// type or the type refuses the value (under BOOL_STYLE_VALUE the error has a boolean's value in
+  /// type or the type rejects the value (under BOOL_STYLE_VALUE the error has a boolean's value in
   /// lower case). What was applied and appended before that stays.
   void parse_args(int argc, const char* const* argv, std::vector<std::string>& remaining,
                   int level);
 
   /// Applies a file of lines `key = value`. White space at both ends of a line, key and value is
   /// dropped; blank lines and lines that start with '#' are skipped; a line that ends with a
-  /// backslash goes on with the next, joined by one space. Values are taken as they stand.
+  /// backslash continues on the next, joined by one space. Values are not changed otherwise.
   ///
   /// Throws `Exception` "unable to open config file: FILE", "invalid line N in config file: FILE"
   /// for a statement without '=', and the same followed by " (REASON)" for one that `parse_option`
-  /// does not accept, or has no memory for. N is the number of the statement's last line, or of the
-  /// file's if it ends while the statement goes on. None of these is an `error`. What was applied
+  /// rejects, or that does not fit into memory. N is the number of the statement's last line, or of
+  /// the file's last line if the file ends first. None of these is an `error`. What was applied
   /// before that stays.
   ///
   /// REASON stops at the first NUL byte of a key or value. Running out of memory while opening the
-  /// file counts as a file that cannot be opened. A read error ends the file: a statement that goes
-  /// on there is applied with the lines read so far. A line longer than `std::string::max_size()`
+  /// file counts as a file that cannot be opened. A read error ends the file: an unfinished
+  /// statement is applied with the lines read so far. A line longer than `std::string::max_size()`
   /// (1 GB with 32-bit libstdc++) throws `std::length_error`.
   void parse_config_file(const std::string& file_name, int level);
 
   /// Sets one option. Throws `error` "unknown option" if `key` is not registered and "bad value for
-  /// option" if its type refuses `value`, whatever the level; the option is then unchanged.
+  /// option" if its type rejects `value`, whatever the level; the option is then unchanged.
   void parse_option(const std::string& key, const std::string& value, int level);
 
-  // Reading
+  ///@}
+  ///@name Read
+  ///@{
 
   /// All options by key, in the table's iteration order. Valid as long as the parser.
   const hsh::HashMap<std::string, Option>& get_options() const noexcept { return options; }
@@ -151,7 +159,7 @@ class OptionParser {
   /// How boolean options are written on the command line.
   OptionBoolStyle get_bool_style() const noexcept { return bool_style; }
 
-  /// Whether `key` is registered. If so, its type is written through `type`, which may be null.
+  /// Whether `key` is registered. If so, writes its type through `type`, which may be null.
   bool has_option(const std::string& key, OptionType* type) const noexcept;
 
   /// The record of `key`, or null. Valid until the option is removed or the parser is destroyed.
@@ -161,44 +169,49 @@ class OptionParser {
   /// text is changed.
   const std::string& get_option_help(const std::string& key) const noexcept;
 
-  /// Adds to `out` the keys of all options that are set. If it throws, `out` holds what it held.
+  /// Adds to `out` the keys of all options that are set. If it throws, `out` is unchanged.
   void get_options_set(hsh::HashSet<std::string>& out) const;
 
-  ///@{
-  /// Each of these writes the value of `key` through `out`. `get_bool_option` serves OPT_BOOL,
-  /// `get_int_option` OPT_UINT, OPT_INT and the codes of OPT_ENUM, `get_float_option` OPT_FLOAT,
-  /// `get_str_option` OPT_STR up to a NUL byte. They return false, and write nothing, if `key` is
-  /// not registered, not set, or of a type that the member does not serve.
+  /// Writes the value of an OPT_BOOL through `out`. This and the next three members return false,
+  /// and write nothing, if `key` is not registered, not set, or of another type.
   bool get_bool_option(const std::string& key, bool* out) const noexcept;
+  /// Writes the value of an OPT_UINT or OPT_INT, or the code of an OPT_ENUM, through `out`.
   bool get_int_option(const std::string& key, int* out) const noexcept;
+  /// Writes the value of an OPT_FLOAT through `out`.
   bool get_float_option(const std::string& key, float* out) const noexcept;
+  /// Writes the value of an OPT_STR, up to its first NUL byte, through `out`.
   bool get_str_option(const std::string& key, std::string* out) const;
-  ///@}
 
-  /// Whether `key` is registered and set, whatever its type.
+  /// Whether `key` is registered and set, whatever its type: also for a boolean that is false.
   bool get_flag_option(const std::string& key) const noexcept;
 
-  // Help
+  ///@}
+  ///@name Print
+  ///@{
 
   /// Writes `heading` and a line feed, unless it is empty, and then all options to `out`, and
-  /// flushes it. Check `out`'s state for write failures. Passes over all options and buckets of the
-  /// table, and sorts n options by O(n log n) comparisons; where names are equal, the order follows
-  /// from that of the option table and from `sort`.
+  /// flushes it. Check `out`'s state for write failures. Visits all options and buckets of the
+  /// table, and sorts n options with O(n log n) comparisons; options that compare equal are ordered
+  /// by the option table and `sort`.
   ///
-  /// An option's entry is " -NAME", followed by "=INT", "=FLOAT", "=STR" or "=ENUM" unless it is an
-  /// OPT_FLAG; that of an OPT_BOOL is " -[no_]NAME", " (+|-)NAME" or " -NAME=BOOL", as the style of
-  /// booleans is. Its help text follows, that of an OPT_ENUM with a line "Possible values:" and one
-  /// line "- VALUE : HELP" for each value name; but none if it is exactly "deprecated".
+  /// An option's entry is " -NAME" (with a minus even under BOOL_STYLE_PLUS_MINUS, where users
+  /// write +NAME), followed by "=INT", "=FLOAT", "=STR" or "=ENUM" unless it is an OPT_FLAG; that
+  /// of an OPT_BOOL is " -[no_]NAME", " (+|-)NAME" or " -NAME=BOOL", by boolean style. Then comes
+  /// the help text, for an OPT_ENUM with a line "Possible values:" and one line "- VALUE : HELP"
+  /// for each value name. A text that is exactly "deprecated" is not printed.
   ///
   /// Unless the style is PRINT_STYLE_TAB, help texts are cut at line feeds, and lines that do not
-  /// fit into 80 columns are filled: every white-space byte ends a word, every word is followed by
-  /// a space, and none is broken. Next to an entry of 79 bytes or more nothing is filled.
+  /// fit into 80 columns are wrapped: every white-space byte ends a word, every word is followed by
+  /// a space, and none is broken. If the widest entry has 79 bytes or more, PRINT_STYLE_ALIGNED
+  /// wraps nothing.
   ///
-  /// By group, each group's name stands above it, an empty line above the name; options without a
-  /// group come first, under an empty name. Changes no option, but a group number without a name
-  /// gets an empty one.
+  /// By group, a line with the group's name precedes its options, and an empty line separates
+  /// groups; options without a group come first, under an empty name. Changes no option, but a
+  /// group number without a name gets an empty one.
   void print_help(std::ostream& out, const std::string& heading, OptionPrintOrder order,
                   OptionPrintStyle style);
+
+  ///@}
 
  private:
   const Option* find_option(const std::string& key) const noexcept;
@@ -209,15 +222,18 @@ class OptionParser {
   hsh::HashMap<std::string, Option> options;  // by key
   OptionBoolStyle bool_style;
   bool pass_unknown;
-  int option_counter = 0;                           // the last index given out
+  int option_counter = 0;                           // the last index used
   hsh::HashMap<std::string, int> help_group_ids;    // number by name
   hsh::HashMap<int, std::string> help_group_names;  // name by number
-  int help_group_counter = 0;                       // the last number given out
+  int help_group_counter = 0;                       // the last number used
   int cur_help_group = 0;                           // 0: none
 };
 
-/// A setting that was refused. `what()` reads "MESSAGE: NAME, value: VALUE", followed, if it came
+/// A rejected setting. `what()` is "MESSAGE: NAME, value: VALUE", followed, if the setting came
 /// from the command line, by ", command-line: ARGUMENT".
+///
+/// `operator<<` returns an `Exception&`, so throwing its result loses the derived type: build the
+/// object first, then throw it.
 class OptionParser::error : public Exception {
  public:
   /// Calls the diagnostic hook with `message` alone, then completes the text. Copies its arguments.

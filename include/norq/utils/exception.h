@@ -13,38 +13,38 @@ namespace norq {
 /// `max_size()`, which only 32-bit programs can meet.)
 ///
 /// The message is a stream: build the exception with its first words, append with `<<`, throw the
-/// result. Numbers look the same whatever locale the host has made the global one.
+/// result. Numbers do not depend on the global locale.
 ///
 ///     throw Exception("unable to open file: ", true) << file_name;
 ///
 /// The private member `dump_msg_and_raise_assertion` is the diagnostic hook, called once for each
-/// exception made with the flag and never for a copy. The library's own does nothing; a host may
-/// define this member itself, to print a stack trace or to stop in a debugger, and its definition
-/// is then the one linked. In it, `what()` returns the first words of the message. It must not
-/// throw; when it returns, the exception is thrown.
+/// exception made with the flag and never for a copy. norq's own hook does nothing. A host may
+/// define this member itself, to print a stack trace or to stop in a debugger; its definition is
+/// then the one linked. In the hook, `what()` returns the first words of the message. The hook must
+/// not throw; when it returns, the exception is thrown.
 ///
 /// The host's hook wins if it is in an object file of the program. If it is in a static archive,
 /// norq's own may win: link the object file itself, or put the archive between
 /// `-Wl,--whole-archive` and `-Wl,--no-whole-archive`. A shared norq linked with `-Bsymbolic` or
 /// `-Bsymbolic-functions` always calls its own: link it with `-Wl,-Bno-symbolic` after them.
 ///
-/// The class's symbols are visible even in a host that hides its own: a hook that the host defines
-/// must be seen by a shared norq.
+/// The class's symbols are visible even in a host that hides its own, so that a shared norq sees
+/// the host's hook.
 class [[gnu::visibility("default")]] Exception : public std::exception {
  public:
   /// Starts the message with `text`. If `raise` is true, calls `dump_msg_and_raise_assertion` as
   /// the last step, when the message is just `text`.
   Exception(const std::string& text, bool raise);
 
-  /// Copies the message gathered so far into a stream of its own; does not call the hook again.
+  /// Copies the message so far into a stream of its own; does not call the hook again.
   Exception(const Exception& other);
   Exception& operator=(const Exception&) = delete;
   ~Exception() override;
 
   /// Appends `x` as an output stream prints it. Throws, unchanged, what the stream's buffer throws
-  /// (`std::bad_alloc`) and what the `operator<<` of T throws. If that only sets a state flag of
-  /// the stream, as for a null `const char*`, nothing is thrown and the stream ignores what
-  /// follows.
+  /// (`std::bad_alloc`) and what the `operator<<` of T throws; a part of `x` may then be appended.
+  /// If that operator only sets a state flag, as for a null `const char*`, nothing is thrown and
+  /// the stream ignores what follows.
   template <class T>
   Exception& operator<<(const T& x) {
     start();
@@ -61,7 +61,7 @@ class [[gnu::visibility("default")]] Exception : public std::exception {
   /// The diagnostic hook.
   void dump_msg_and_raise_assertion();
 
-  /// Keeps what it throws, because the inserters of a stream swallow it.
+  /// Keeps what it throws, because streams swallow it.
   class Buffer : public std::stringbuf {
    public:
     std::exception_ptr thrown;
@@ -71,7 +71,7 @@ class [[gnu::visibility("default")]] Exception : public std::exception {
   };
 
   ///@{
-  /// Forgets what the buffer threw; throws what it has thrown since then, if anything.
+  /// `start` forgets what the buffer threw; `rethrow` throws what it threw since then, if anything.
   void start() noexcept;
   void rethrow() const;
   ///@}

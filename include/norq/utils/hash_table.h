@@ -17,8 +17,8 @@ namespace norq {
 
 namespace hsh {
 
-/// Tells AddressSanitizer, if norq is built with it, whether a pool's block is free: accessing a
-/// free block is then reported. Out of line, so that only norq's own build decides.
+/// Tells AddressSanitizer, if norq is built with it, whether a pool's block is free: it then
+/// reports accesses to free blocks. Out of line, so that only norq's own build decides.
 void mark_block(void* block, std::size_t size, bool is_free) noexcept;
 
 /// The chunks of a pool. Released by the destructor only.
@@ -32,8 +32,8 @@ class ChunkList {
   ~ChunkList();
   ///@}
 
-  /// Makes the next chunk: returns its first block and writes the end of its last to `*end`. Throws
-  /// `std::bad_alloc`, and changes nothing, if there is no memory for it.
+  /// Allocates the next chunk: returns its first block and writes the end of its last to `*end`.
+  /// Throws `std::bad_alloc`, and changes nothing, if there is no memory for it.
   unsigned char* allocate(std::size_t block_size, unsigned char** end);
 
  private:
@@ -47,13 +47,13 @@ class ChunkList {
 
 }  // namespace hsh
 
-/// Hands out uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's size, and takes
-/// them back. A block is aligned for every type of its size that `malloc` serves.
+/// Allocates uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's size, and takes
+/// them back. A block is aligned for every type of its size that `malloc` can align.
 ///
-/// A block taken back goes out again before any other (last in, first out); untouched blocks go out
-/// in ascending address order. Blocks are carved from chunks, one call of `malloc` each, whose
-/// block count is multiplied by the growth factor from one to the next, up to a limit. Chunks are
-/// released only by the destructor. The second template argument is reserved and must be false.
+/// Blocks taken back are reused first (last in, first out), then unused blocks in ascending address
+/// order. Blocks are parts of chunks, one call of `malloc` each. From one chunk to the next the
+/// block count is multiplied by the growth factor, up to a limit. Only the destructor releases
+/// chunks. The second template argument is reserved and must be false.
 template <std::size_t BlockSize, bool Reserved>
 class MemoryPool {
   static_assert(!Reserved, "the second template argument is reserved");
@@ -66,8 +66,8 @@ class MemoryPool {
   MemoryPool(std::size_t first, float factor, std::size_t largest) noexcept
       : chunks(first, factor, largest) {}
 
-  /// A block, until it is given back or the pool is destroyed. Throws `std::bad_alloc`, and changes
-  /// nothing, if a new chunk is needed and there is no memory for it.
+  /// A block, valid until it is given back or the pool is destroyed. Throws `std::bad_alloc`, and
+  /// changes nothing, if a new chunk is needed and there is no memory for it.
   void* allocate() {
     if (free_blocks != nullptr) {
       FreeBlock* const block = free_blocks;
@@ -94,14 +94,14 @@ class MemoryPool {
 
   hsh::ChunkList chunks;
   FreeBlock* free_blocks = nullptr;
-  // What was never handed out of the newest chunk. It is not threaded into the free list, so that
-  // the memory of a large chunk is not touched before it is needed.
+  // The unused blocks of the newest chunk. They are not in the free list, so that the memory of a
+  // large chunk is not touched before it is needed.
   unsigned char* untouched = nullptr;
   unsigned char* untouched_end = nullptr;
 };
 
-/// A `MemoryPool` of blocks that hold objects of type T. It does not destroy objects that are still
-/// alive when it goes: whoever made them frees them first.
+/// A `MemoryPool` of blocks that hold objects of type T. Its destructor does not destroy objects
+/// that are still alive: whoever created them frees them first.
 template <class T, bool Reserved>
 class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
   static_assert(alignof(T) <= alignof(std::max_align_t), "chunks are aligned by malloc");
@@ -109,8 +109,8 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
  public:
   using MemoryPool<sizeof(T), Reserved>::MemoryPool;
 
-  /// A new object made from `arguments`. Throws `std::bad_alloc`, and what its constructor throws:
-  /// then the block is back in the pool.
+  /// A new object constructed from `arguments`. Throws `std::bad_alloc`, and what the constructor
+  /// throws; the block is then back in the pool.
   template <class... Arguments>
   T* create(Arguments&&... arguments) {
     Block block{this, this->allocate()};
@@ -119,14 +119,14 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
     return object;
   }
 
-  /// Destroys `object`, which lives in a block of this pool, and takes the block back.
+  /// Destroys `object`, which is in a block of this pool, and takes the block back.
   void free(T* object) noexcept {
     object->~T();
     this->recycle(object);
   }
 
  private:
-  // Goes back to the pool unless an object lives in it. (Not a try block: hosts may include this
+  // Returns to the pool unless it contains an object. (Not a try block: hosts may include this
   // header in code that is compiled without exceptions.)
   struct Block {
     ~Block() {
@@ -140,12 +140,12 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
 /// Hash tables whose iteration order and growth are part of the contract.
 namespace hsh {
 
-/// The hash functions of the tables. They are part of the contract: iteration order follows from
-/// them.
+/// The hash functions of the tables. They are part of the contract, because they determine the
+/// iteration order.
 template <class Key>
 struct hash;
 
-/// Quick, and good enough for names; not collision-resistant.
+/// Fast, and good enough for names; not collision-resistant.
 template <>
 struct hash<std::string> {
   /// h = 5 h + b for each byte b, read as a signed 8-bit number, up to the first NUL byte; modulo
@@ -176,8 +176,8 @@ struct GetKey_identity {
   const Key& operator()(const Key& value) const noexcept { return value; }
 };
 
-/// The bucket count that serves `wanted` buckets: the first of the primes 31, 73, 151, 313, 643,
-/// ..., 4294867387 (each about twice the one before it, so that growth costs a constant for each
+/// The bucket count for `wanted` buckets: the first of the primes 31, 73, 151, 313, 643,
+/// ..., 4294867387 (each about twice the one before, so that growth costs constant time per
 /// insertion) that is not less, or else the last.
 std::size_t bucket_count_for(std::size_t wanted) noexcept;
 
@@ -186,37 +186,37 @@ std::size_t bucket_count_for(std::size_t wanted) noexcept;
 /// What a user may rely on:
 /// - Elements do not move: a pointer or reference to one is valid until it is erased, the table is
 ///   cleared or destroyed. An iterator is valid until then or until the table grows.
-/// - Iteration goes through the buckets in ascending order and through each chain from its head,
-///   the element linked last. It depends on nothing but the keys and the sequence of calls.
-/// - A new table has 31 buckets. It grows to the next prime on an insertion attempt, even of a key
-///   that is present, made while its load is above 0.7: at 22, 52, 106, 220, ... elements.
-/// - An insertion that throws leaves the elements and their order as they were. Only the
-///   constructor, `new_Bucket`, `rehash` and `clear(true)` may throw besides, and leave the table
-///   as it was, too.
-/// - Find, insert and erase take constant time on the average, for keys that hash well.
+/// - Iteration visits the buckets in ascending order, and each chain from its head, the element
+///   linked last. The order depends only on the keys and the sequence of calls.
+/// - A new table has 31 buckets. An insertion attempt, even of a key that is present, makes it grow
+///   to the next prime if its load is above 0.7: at 22, 52, 106, 220, ... elements.
+/// - An insertion that throws leaves the elements and their order unchanged. Besides, only the
+///   constructor, `new_Bucket`, `rehash` and `clear(true)` may throw, and leave the table
+///   unchanged.
+/// - Find, insert and erase take constant time on average, for keys that hash well.
 ///
 /// What the implementation keeps:
 /// - Every element is in the chain of bucket Hash(key) modulo the bucket count, and in no other.
 /// - `size()` is the number of nodes in all chains; no two of them have equal keys.
-/// - The bucket count never decreases. Nodes live in the table's pool, whose chunks hold 16, 32,
-///   64, ... up to 8192 of them, and go back to it when erased.
+/// - The bucket count never decreases. Nodes are in the table's pool, whose chunks have 16, 32, 64,
+///   ... up to 8192 nodes, and return to it when erased.
 ///
 /// GetKey, Hash and Equal hold no data and do not throw. Neither copied nor assigned.
 template <class Value, class GetKey, class Key, class Hash, class Equal>
 class Hashtable {
   static_assert(std::is_empty_v<GetKey> && std::is_empty_v<Hash> && std::is_empty_v<Equal>,
-                "function objects are made where they are needed");
+                "function objects are constructed where they are needed");
 
  public:
   /// A node of a chain.
   struct Bucket {
-    /// Holds the value that `arguments` make, whose key must hash to `hash_of_key`.
+    /// Constructs the value from `arguments`; its key must hash to `hash_of_key`.
     template <class... Arguments>
     explicit Bucket(std::uint64_t hash_of_key, Arguments&&... arguments)
         : key_hash(hash_of_key), value(std::forward<Arguments>(arguments)...) {}
 
     Bucket* next = nullptr;  ///< null at the end of the chain
-    std::uint64_t key_hash;  ///< so that neither growth nor a walk along a chain reads keys
+    std::uint64_t key_hash;  ///< so that growth reads no keys, and a search few
     Value value;             ///< the element
   };
 
@@ -242,7 +242,7 @@ class Hashtable {
         : node(other.node), chain(other.chain), last_chain(other.last_chain) {}
 
     ///@{
-    /// As of every forward iterator: an end is neither dereferenced nor incremented. Two are equal
+    /// As for every forward iterator: an end is neither dereferenced nor incremented. Two are equal
     /// if they are at the same element or both at an end.
     reference operator*() const noexcept { return node->value; }
     pointer operator->() const noexcept { return &node->value; }
@@ -281,7 +281,7 @@ class Hashtable {
   };
 
   ///@{
-  /// Of a table that is not const, and of one that is.
+  /// For a table that is not const, and for one that is.
   using iterator = BasicIterator<false>;
   using const_iterator = BasicIterator<true>;
   ///@}
@@ -301,7 +301,7 @@ class Hashtable {
 
   /// Whether the next insertion attempt, even of a key that is present, makes the table grow. A
   /// caller that must not grow a table for such a key asks this, and then looks for the key itself.
-  /// (The widths in which the load is computed and compared fix the growth points.)
+  /// (The floating-point types of the load and the comparison determine the growth points.)
   bool grows_next() const noexcept {
     const float load = static_cast<float>(count) / static_cast<float>(buckets.size());
     return static_cast<double>(load) > max_load;
@@ -309,7 +309,7 @@ class Hashtable {
 
   ///@{
   /// From the head of the first chain that is not empty to the end of the last. `begin` takes time
-  /// in proportion to the empty buckets in front.
+  /// in proportion to the empty buckets before it.
   iterator begin() noexcept { return begin_of<iterator>(); }
   iterator end() noexcept { return end_of<iterator>(); }
   const_iterator begin() const noexcept { return begin_of<const_iterator>(); }
@@ -322,12 +322,11 @@ class Hashtable {
   const_iterator find(const Key& key) const noexcept { return find_as<const_iterator>(key); }
   ///@}
 
-  /// Inserts a copy of `value`; returns false, and changes no element, if there is one with its
-  /// key.
+  /// Inserts a copy of `value`; returns false, and changes no element, if its key is present.
   bool insert(const Value& value) { return emplace(GetKey()(value), value).inserted; }
 
-  /// Like `insert`; also writes the key's bucket through `bucket` and the node that now holds the
-  /// key through `node`. Either may be null.
+  /// Like `insert`; also writes the key's bucket through `bucket` and the key's node through
+  /// `node`. Either may be null.
   bool do_insert(const Value& value, std::size_t* bucket, Bucket** node) {
     const Insertion result = emplace(GetKey()(value), value);
     if (bucket != nullptr) *bucket = result.bucket;
@@ -347,8 +346,8 @@ class Hashtable {
     return true;
   }
 
-  /// Removes every element. The bucket count and the pool's memory stay for reuse; `reallocate`
-  /// only exchanges the bucket array for a new one of the same length.
+  /// Removes every element. Keeps the bucket count and the pool's memory; `reallocate` only
+  /// replaces the bucket array with a new one of the same length. Visits all elements and buckets.
   void clear(bool reallocate) {
     std::vector<Bucket*> fresh(reallocate ? buckets.size() : 0);
     if (count != 0) {
@@ -359,26 +358,26 @@ class Hashtable {
     if (reallocate) buckets.swap(fresh);
   }
 
-  /// Makes the bucket count `bucket_count_for(wanted)`, unless it is `wanted` or more already.
+  /// Sets the bucket count to `bucket_count_for(wanted)`, unless it is at least `wanted` already.
   void rehash(std::size_t wanted) {
     if (buckets.size() >= wanted) return;
     std::vector<Bucket*> grown(bucket_count_for(wanted));
     relink(&grown);
   }
 
-  /// A node of this table's pool that holds a copy of `value` and is in no chain. Nothing destroys
-  /// it: its value must need no destructor, or the caller calls it.
+  /// A node of this table's pool that has a copy of `value` and is in no chain. The table does not
+  /// destroy it: if the value needs a destructor call, the caller makes it.
   Bucket* new_Bucket(const Value& value) { return pool.create(Hash()(GetKey()(value)), value); }
 
  protected:
-  /// What an insertion attempt came to.
+  /// The result of an insertion attempt.
   struct Insertion {
-    Bucket* node;        ///< holds the key
+    Bucket* node;        ///< has the key
     std::size_t bucket;  ///< the node's chain
     bool inserted;       ///< false: the key was present
   };
 
-  /// Makes an element from `arguments`, whose key must be `key`, in its node, unless `key` is
+  /// Constructs an element from `arguments`, whose key must be `key`, in its node, unless `key` is
   /// present.
   template <class... Arguments>
   Insertion emplace(const Key& key, Arguments&&... arguments) {
@@ -404,11 +403,11 @@ class Hashtable {
   }
 
  private:
-  // Up to this load a search passes less than one node of another key on the average.
+  // Up to this load a search passes less than one node of another key on average.
   static constexpr double max_load = 0.7;
 
-  // The options of a small program fit the first chunk. Doubling keeps the calls of malloc few, the
-  // limit bounds what a large table has to spare.
+  // The options of a small program fit into the first chunk. Doubling keeps the calls of malloc
+  // few; the limit bounds the unused memory of a large table.
   static constexpr std::size_t first_chunk = 16;
   static constexpr float chunk_growth = 2;
   static constexpr std::size_t largest_chunk = 8192;
@@ -417,9 +416,9 @@ class Hashtable {
     return static_cast<std::size_t>(key_hash % buckets.size());
   }
 
-  // Calls `visit` for each node, which may then lose its link or end: chain by chain, from the
-  // head. The chains are moved to the front of `chains` first, because a branch on whether a bucket
-  // is empty is often mispredicted.
+  // Calls `visit` for each node, chain by chain, from the head; `visit` may change its link or
+  // destroy it. The chains are moved to the front of `chains` first, because a branch on whether a
+  // bucket is empty is often mispredicted.
   template <class Visit>
   static void visit_nodes(std::vector<Bucket*>& chains, Visit visit) noexcept {
     std::size_t used = 0;
@@ -436,7 +435,7 @@ class Hashtable {
     }
   }
 
-  // Moves all nodes to the chains of a new bucket array. What is left behind is the old array.
+  // Moves all nodes to the chains of `fresh`, which is then the old bucket array.
   void relink(std::vector<Bucket*>* fresh) noexcept {
     buckets.swap(*fresh);
     visit_nodes(*fresh, [this](Bucket* node) { prepend(node, bucket_of(node->key_hash)); });
@@ -447,7 +446,7 @@ class Hashtable {
     buckets[bucket] = node;
   }
 
-  // The link that holds the node with this key, or the null at the end of its chain.
+  // The link to the node with this key, or the null link at the end of its chain.
   Bucket** find_link(const Key& key) noexcept {
     const std::uint64_t key_hash = Hash()(key);
     return walk(&buckets[bucket_of(key_hash)], key_hash, key);
@@ -498,8 +497,8 @@ class HashMap : public Hashtable<std::pair<Key, T>, GetKey_pair<Key, T>, Key, Ha
   /// The value of `key`, after an insertion attempt of `key` with `T()`.
   T& operator[](const Key& key) { return emplace_pair(key).node->value.second; }
 
-  /// Inserts `key` with a T made from `arguments`, in place; returns false, and makes nothing, if
-  /// the key is present.
+  /// Inserts `key` with a T constructed from `arguments`, in place; returns false, and constructs
+  /// nothing, if the key is present.
   template <class... Arguments>
   bool try_emplace(const Key& key, Arguments&&... arguments) {
     return emplace_pair(key, std::forward<Arguments>(arguments)...).inserted;

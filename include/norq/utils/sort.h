@@ -9,16 +9,16 @@ namespace norq {
 /// The steps of `norq::sort`.
 namespace sortimpl {
 
-/// Ranges below this length are cheaper to sort by selection or insertion than to partition.
+/// Shorter ranges are cheaper to sort by selection or insertion than to partition.
 constexpr std::size_t small_range = 16;
 
-/// Nested partitions before a stretch is taken to defeat the choice of the pivot and is heap-sorted
-/// instead: enough for any range that splits tolerably, few enough to bound the stack.
+/// After so many nested partitions a stretch is heap-sorted, because it seems to defeat the choice
+/// of the pivot: enough for any range that splits tolerably, few enough to bound the stack.
 constexpr int depth_budget = 32;
 
 /// Puts `value` into the heap a[top] ... a[n - 1], whose top is a hole. The hole travels down to a
-/// leaf, always to the larger child; then the value climbs from there to its place. (Floyd's
-/// variant of the sift: one comparison a level on the way down, and few on the way up.)
+/// leaf, always to the larger child; then the value moves up from there to its place. (Floyd's
+/// variant of the sift: one comparison per level on the way down, and few on the way up.)
 template <class T, class Size, class Compare>
 void sift(T* a, Size top, Size n, T value, Compare& cmp) {
   Size hole = top;
@@ -59,7 +59,7 @@ const T& median(const T& x, const T& y, const T& z, Compare& cmp) {
 
 /// Swaps the elements of a[0] ... a[n - 1] until none of the first i is greater than any other, and
 /// returns i. The scans need no bound: the pivot is the value of an element, and both scans stop at
-/// an equal one.
+/// an element equal to it.
 template <class T, class Size, class Compare>
 Size partition(T* a, Size n, Compare& cmp) {
   using std::swap;
@@ -77,10 +77,10 @@ Size partition(T* a, Size n, Compare& cmp) {
 }
 
 /// Cuts the `n` elements from `first` into consecutive stretches, each sorted or shorter than
-/// `small_range`, no element of one greater than any of a later one: what is left is work for one
-/// insertion pass. An introspective quicksort (D. Musser, "Introspective Sorting and Selection
+/// `small_range`, no element of one greater than any of a later one, so that one insertion pass can
+/// finish. An introspective quicksort (D. Musser, "Introspective Sorting and Selection
 /// Algorithms", 1997): after `depth` nested partitions (at least 0) a stretch is heap-sorted, so
-/// that it costs O(n log n) at the worst. At most `depth` + 1 calls are nested.
+/// that the worst case costs O(n log n). At most `depth` + 1 calls are nested.
 template <class T, class Size, class Compare>
 void do_sort(T* first, Size n, Compare cmp, int depth) {  // NOLINT(misc-no-recursion): see above
   while (n >= small_range) {
@@ -123,12 +123,11 @@ void insertion_sort(T* first, const T* last, Compare& cmp) {
 /// Sorts [first, last) ascending by `cmp`, a strict weak ordering: cmp(a, b) is true when a must
 /// come before b. (With another `cmp` the behaviour is undefined.)
 ///
-/// Not stable, yet deterministic: the order in which equal elements come out depends on nothing but
-/// the sequence of answers of `cmp`, and is the same on every platform. In place, O(n log n)
-/// comparisons at the worst, no allocation of its own, and a stack bounded by a constant. Throws
-/// what `cmp` and the moves and copies of elements throw; the elements are then in no useful state.
-/// Elements are moved, and one at a time, the pivot, is copied. `Size` is the unsigned type in
-/// which they are counted.
+/// Not stable, but deterministic: the order of equal elements depends only on the results of `cmp`
+/// and is the same on every platform. In place, at most O(n log n) comparisons, no allocation of
+/// its own, and a stack bounded by a constant. Throws what `cmp` and the moves, copies and swaps of
+/// elements throw; the elements are then valid, but their values are unspecified. Elements are
+/// moved, and one at a time, the pivot, is copied. `Size` is the unsigned type that counts them.
 template <class T, class Size = std::size_t, class Compare>
 void sort(T* first, T* last, Compare cmp) {
   const auto n = static_cast<Size>(last - first);

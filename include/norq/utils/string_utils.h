@@ -8,11 +8,11 @@
 #include <string_view>
 #include <utility>
 
-/// Stripping strings, and cutting them into tokens. A view that a function returns is part of the
-/// function's argument, valid as long as that one's bytes are.
+/// Strips strings and cuts them into tokens. A view that a function returns is part of its argument
+/// and valid as long as the argument's bytes.
 namespace norq::str {
 
-/// norq's one notion of white space.
+/// norq's definition of white space.
 struct IsSpace {
   /// True exactly for space, tab, line feed, vertical tab, form feed and carriage return, whatever
   /// the locale. Bytes from 0x80 up are never white space.
@@ -63,12 +63,12 @@ std::string strip(const std::string& text, Pred pred = Pred()) {
 class TokenizerBase;
 
 /// A single-pass input iterator over the tokens of a tokenizer. All iterators of one tokenizer
-/// share its state: dereferencing any of them gives the current token, and incrementing any of them
-/// goes on to the next. Valid as long as the tokenizer.
+/// share its state: dereferencing any of them returns the current token, and incrementing any of
+/// them moves to the next. Valid as long as the tokenizer.
 class TokenIterator {
  public:
   ///@{
-  /// What `std::iterator_traits` reads.
+  /// For `std::iterator_traits`.
   using iterator_category = std::input_iterator_tag;
   using value_type = std::string;
   using difference_type = std::ptrdiff_t;
@@ -76,11 +76,11 @@ class TokenIterator {
   using pointer = const std::string*;
   ///@}
 
-  /// What a postfix increment returns: the token as it was before.
+  /// What a postfix increment returns: the token before it.
   class Previous {
    public:
     ///@{
-    /// Keeps the token, and gives it back.
+    /// Keeps the token and returns it.
     explicit Previous(std::string previous) : token(std::move(previous)) {}
     const std::string& operator*() const noexcept { return token; }
     ///@}
@@ -91,13 +91,12 @@ class TokenIterator {
 
   TokenIterator() = default;
 
-  /// For tokenizers: an iterator at the token that starts at `start`, or at the end if that is
-  /// npos.
+  /// For tokenizers: an iterator at the token that starts at `start`; npos means the end.
   TokenIterator(TokenizerBase* owner, std::size_t start) noexcept : tokenizer(owner), pos(start) {}
 
   ///@{
-  /// As of every input iterator, but that one at the end may be incremented, and stays there. One
-  /// without a tokenizer is only compared. Two are equal if tokenizer and position are.
+  /// As for every input iterator, except that one at the end may be incremented and stays there.
+  /// One without a tokenizer may only be compared. Two are equal if tokenizer and position are.
   reference operator*() const;
   pointer operator->() const { return &**this; }
   TokenIterator& operator++();
@@ -115,12 +114,12 @@ class TokenIterator {
   }
   ///@}
 
-  TokenizerBase* tokenizer = nullptr;   ///< not owned; null: an iterator of an empty `Tokenizer`
-  std::size_t pos = std::string::npos;  ///< where the token starts in the text; npos at the end
+  TokenizerBase* tokenizer = nullptr;   ///< not owned; null for an empty `Tokenizer`
+  std::size_t pos = std::string::npos;  ///< where the token starts; npos at the end
 };
 
-/// What a tokenizer does. Call `begin` exactly once, then dereference and increment the iterator in
-/// turn until it equals `end()`; there is no way back.
+/// The interface of tokenizers. Call `begin` exactly once, then dereference and increment the
+/// iterator until it equals `end()`; there is no way back.
 class TokenizerBase {
  public:
   TokenizerBase() = default;
@@ -128,10 +127,10 @@ class TokenizerBase {
   TokenizerBase& operator=(const TokenizerBase&) = delete;
   virtual ~TokenizerBase();
 
-  /// Makes the first token current. Every text has one, be it empty.
+  /// Makes the first token current. Every text has one, even the empty text.
   virtual TokenIterator begin() = 0;
 
-  /// The iterator that has gone past the last token. Changes nothing.
+  /// The iterator after the last token. Changes nothing.
   virtual TokenIterator end() = 0;
 
   /// Makes the next token current and returns the offset at which it starts, or npos, changing
@@ -142,8 +141,8 @@ class TokenizerBase {
   virtual const std::string& cur_token() = 0;
 };
 
-/// Owns a tokenizer, or nothing: then its sequence is empty. Moved, but not copied; the iterators
-/// stay with the tokenizer that moves.
+/// Owns a tokenizer, or nothing: then its sequence is empty. Moved, but not copied; iterators stay
+/// valid when it moves.
 class Tokenizer {
  public:
   class IsDelim;
@@ -153,7 +152,7 @@ class Tokenizer {
   Tokenizer() = default;
 
   ///@{
-  /// Takes over `tokenizer`, which came from `new` or is null: `Tokenizer(new
+  /// Takes ownership of `tokenizer`, which came from `new` or is null: `Tokenizer(new
   /// TokenizerImpl<P>(...))`.
   explicit Tokenizer(std::unique_ptr<TokenizerBase> tokenizer) noexcept
       : impl(std::move(tokenizer)) {}
@@ -161,7 +160,7 @@ class Tokenizer {
   ///@}
 
   ///@{
-  /// As of `TokenizerBase`. Both are the same if there is no tokenizer.
+  /// As in `TokenizerBase`. Equal if there is no tokenizer.
   TokenIterator begin() { return impl == nullptr ? TokenIterator() : impl->begin(); }
   TokenIterator end() { return impl == nullptr ? TokenIterator() : impl->end(); }
   ///@}
@@ -184,8 +183,8 @@ class Tokenizer::IsDelim {
 };
 
 /// Cuts a text at every byte for which `pred` is true. Such bytes are dropped, and runs of them are
-/// not merged: k of them make k + 1 tokens, some of them empty. With a split limit, only the first
-/// so many cut, and the rest of the text, whatever it holds, is the last token.
+/// not merged: k of them make k + 1 tokens, some of them empty. A split limit is the largest number
+/// of cuts; the rest of the text is then the last token. If a call throws, the token stays current.
 template <class Pred>
 class Tokenizer::TokenizerImpl : public TokenizerBase {
  public:
@@ -245,8 +244,9 @@ inline TokenIterator& TokenIterator::operator++() {
 }
 
 /// A tokenizer that cuts `text` at each byte of `delimiters`, at most `max_splits` times (0: no
-/// limit). `text` is kept by address and must outlive the tokenizer: a temporary is good only
-/// within its full expression. `delimiters`, not null, is copied.
+/// limit). Keeps the address of `text`, which must outlive the tokenizer: a temporary lives only to
+/// the end of its full expression. Copies `delimiters`, which must not be null. Takes time in
+/// proportion to the length of the text times the number of delimiters.
 ///
 ///     str::Tokenizer parts = str::get_tokenizer(path, ":", 0);
 ///     std::vector<std::string> directories(parts.begin(), parts.end());
