@@ -1,4 +1,4 @@
-// All measures taken inside one process. Benchmarks are named measure/library/options/settings.
+// All measurements inside one process. Benchmarks are named measure/library/options/settings.
 
 #include <norq/options/option_parser.h>
 #include <norq/utils/sort.h>
@@ -96,7 +96,7 @@ void add_sort(const std::string& library, Sort sort) {
   });
 }
 
-// Reports the bytes of the texts of 10000 options, and of a parser that has these options.
+// Reports the bytes of the texts of 10000 options, and of a parser with these options.
 void measure_memory() {
   const auto resident_bytes = [] {
     long pages[2] = {};  // all, and those in memory

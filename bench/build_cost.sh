@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Measures what a library costs the program that uses it. Prints lines "compile,LIBRARY,SECONDS" (for
+# Measures what a library costs a program that uses it. Prints lines "compile,LIBRARY,SECONDS" (for
 # one file, the median of nine) and "size,HOST,BYTES" (for the smallest host of norq).
 # usage: build_cost.sh LIBNORQ WORK_DIRECTORY
 set -eu

@@ -1,4 +1,4 @@
-// What each library does for the steps of the work.
+// How each library does the steps of the work.
 
 #include <getopt.h>
 #include <ini.h>
@@ -160,7 +160,7 @@ double use_popt(const Run& run) {
   return sum;
 }
 
-// What a host does for itself if its library does not.
+// What a program does itself if its library does not.
 template <class T>
 void convert(const char* text, T& out) {
   if constexpr (std::is_same_v<T, int>) out = static_cast<int>(std::strtol(text, nullptr, 10));
@@ -177,7 +177,7 @@ double use_getopt_long(const Run& run) {
   });
   table.push_back({});
   std::vector<const char*> texts(table.size(), "");
-  char* const* argv = const_cast<char* const*>(run.work.argv.data());  // has no operands to move
+  char* const* argv = const_cast<char* const*>(run.work.argv.data());  // no operands to move
   optind = 0;
   for (int i = 0; getopt_long(run.work.argc, argv, "", table.data(), &i) == 0;) {
     texts[static_cast<std::size_t>(i)] = optarg == nullptr ? "true" : optarg;
@@ -202,7 +202,7 @@ int set_from_file(void* records, const char*, const char* name, const char* text
   return set(*static_cast<Records*>(records), name, text);
 }
 
-// No library: the host has a hash table of records.
+// No library: the program has a hash table of records.
 double use_table(const Run& run) {
   Records records;
   run.add_options([&](const Option& option, auto empty) {

@@ -6,8 +6,8 @@ namespace bench {
 
 namespace {
 
-// The parts of names: 10000 combinations of 6 to 28 bytes. A name beyond that gets a number as
-// well.
+// The parts of names: 10000 combinations of 6 to 28 bytes. Names beyond these also get a
+// number.
 const std::string scopes[] = {"",        "max_",    "min_",     "log_",     "tls_",
                               "raw_",    "idle_",   "soft_",    "hard_",    "http_",
                               "disk_",   "peer_",   "local_",   "batch_",   "cache_",
@@ -22,7 +22,7 @@ const std::string properties[] = {"_age",    "_ttl",     "_cap",      "_rate",  
                                   "_policy", "_timeout", "_interval", "_directory", "_threshold"};
 
 std::string name_of(std::size_t index) {
-  const std::size_t number = index * 7919 % 10000;  // 7919 is a prime: each number comes up once
+  const std::size_t number = index * 7919 % 10000;  // 7919 is prime, so each number occurs once
   return scopes[number % 20] + subjects[number / 20 % 25] + properties[number / 500] +
          (index < 10000 ? "" : "_" + std::to_string(index / 10000));
 }
@@ -39,7 +39,7 @@ Workload::Workload(std::size_t option_count, std::size_t setting_count)
     std::replace(help.begin(), help.end(), '_', ' ');
     options.push_back({i, name_of(i), help, empty_values[i % 4]});
   }
-  settings.reserve(setting_count);  // so that the arguments stay where they are
+  settings.reserve(setting_count);  // so that the arguments do not move
   for (std::size_t i = 0; i < setting_count; ++i) {
     const Option& option = options[(i + 1) * 7919 % option_count];
     const std::string number = std::to_string(i % 1000);

@@ -1,4 +1,4 @@
-// The work that all libraries do: the options, the settings, and the steps that a peer fills in.
+// The work that all libraries do: the options, the settings, and the steps that peers implement.
 #ifndef NORQ_BENCH_WORKLOAD_H
 #define NORQ_BENCH_WORKLOAD_H
 
@@ -40,7 +40,8 @@ struct Workload {
   std::vector<const char*> single_argv;  // the same with single dashes
 };
 
-// The steps. What a peer passes for an option is called with it and an empty value of its type.
+// The steps. A peer's functions for options are called with an option and an empty value of its
+// type.
 struct Run {
   template <class Add>
   void add_options(Add add) const {
@@ -49,7 +50,7 @@ struct Run {
     }
   }
 
-  // Times `list`, which writes the help to a stream, if listings are measured.
+  // If listings are measured, times `list`, which writes the help to a stream.
   template <class List>
   void measure_listing(List list) const {
     if (listing == nullptr) return;
@@ -60,7 +61,7 @@ struct Run {
     }
   }
 
-  // Times `read`, which takes the path of a file, and returns true, if files are measured.
+  // If files are measured, times `read`, which takes the path of a file, and returns true.
   template <class Read>
   bool measure_file(Read read) const {
     if (file == nullptr) return false;

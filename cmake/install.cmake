@@ -1,5 +1,5 @@
-# Puts headers, library, package files and licence where GNUInstallDirs says. Everything in them is
-# relative, so that an installed norq can be moved.
+# Installs headers, library, package files and licence in the folders of GNUInstallDirs. All paths
+# in them are relative, so that an installed norq can be moved.
 include(CMakePackageConfigHelpers)
 
 install(

@@ -1,5 +1,5 @@
-# Debian packages by `cpack`: libnorq1.0 has the shared library, libnorq-dev what building against
-# it needs. For a build with BUILD_SHARED_LIBS and the prefix /usr (scripts/package.sh).
+# Debian packages by `cpack`: libnorq1.0 has the shared library, libnorq-dev what is needed to
+# build with it. For a build with BUILD_SHARED_LIBS and the prefix /usr (scripts/package.sh).
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL runtime development)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -37,7 +37,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
 ${norq_description} what is needed to build programs with norq: the
 headers, the CMake package and the pkg-config file.")
 
-# What Debian wants to find of every package: its licence and its history.
+# Debian requires the licence and the change log of every package.
 find_program(norq_gzip gzip REQUIRED)
 string(TIMESTAMP norq_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/changelog"

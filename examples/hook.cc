@@ -1,11 +1,11 @@
-// hook: a host's own diagnostic hook, which tells where an error came from, before it is thrown.
+// hook: a host's own diagnostic hook, which prints where an error comes from before it is thrown.
 #include <iostream>
 
 #include "norq/options/option_parser.h"
 
 namespace {
 
-// What the program is about, and what that is part of.
+// What the program is doing, and what that is part of.
 struct Activity {
   explicit Activity(const char* what) : name(what), outer(innermost) { innermost = this; }
   Activity(const Activity&) = delete;
@@ -24,8 +24,8 @@ void read_environment(norq::OptionParser& options, const std::string& port) {
 
 }  // namespace
 
-// The library calls this for every error that it is about to throw, while all that led to it still
-// stands: here a debugger would stop, or a stack trace be printed.
+// norq calls this for every error that it is about to throw, before the stack unwinds: a program
+// could stop in a debugger here, or print a stack trace.
 void norq::Exception::dump_msg_and_raise_assertion() {  // NOLINT(*-make-member-function-const)
   std::cerr << "about to throw: " << what() << '\n';
   for (const Activity* activity = Activity::innermost; activity != nullptr;
@@ -40,8 +40,8 @@ int main() {
   options.add_option("port", norq::OPT_UINT, "");
   try {
     read_environment(options, "eighty");
-  } catch (const norq::Exception& refusal) {
-    std::cerr << refusal.what() << '\n';
+  } catch (const norq::Exception& error) {
+    std::cerr << error.what() << '\n';
     return 2;
   }
 }

@@ -1,4 +1,4 @@
-// levels: settings from the command line and from any number of files, and which of them count.
+// levels: settings from the command line and from any number of files, and which of them win.
 // Usage: levels [options] [file ...]
 #include <algorithm>
 #include <iostream>
@@ -11,8 +11,8 @@ static void run(int argc, char** argv) {
   options.add_option("width", norq::OPT_UINT, "");
   options.add_option("verbose", norq::OPT_BOOL, "");
 
-  // The smallest level is the strongest, in whichever order the sources are read: the command line
-  // first, then the files as they are named, then a call.
+  // The smallest level wins, in whichever order the sources are read: first the command line, then
+  // the files in their order, then a call.
   std::vector<std::string> files;
   options.parse_args(argc, argv, files, 0);
   int level = 1;
@@ -32,8 +32,8 @@ static void run(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     run(argc, argv);
-  } catch (const norq::Exception& refusal) {
-    std::cerr << refusal.what() << '\n';
+  } catch (const norq::Exception& error) {
+    std::cerr << error.what() << '\n';
     return 2;
   }
 }

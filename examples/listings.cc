@@ -1,4 +1,4 @@
-// listings: a few options in each order and each style of the help listing.
+// listings: a few options in each order and each layout of the help.
 #include <iostream>
 #include <map>
 #include <string>

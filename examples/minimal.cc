@@ -1,4 +1,4 @@
-// minimal: the least that a host does: register, parse, read.
+// minimal: the least that a program does: register, parse, read.
 #include <iostream>
 
 #include "norq/options/option_parser.h"
@@ -9,11 +9,11 @@ int main(int argc, char** argv) {
   try {
     std::vector<std::string> rest;
     options.parse_args(argc, argv, rest, 0);
-  } catch (const norq::Exception& refusal) {
-    std::cerr << refusal.what() << '\n';
+  } catch (const norq::Exception& error) {
+    std::cerr << error.what() << '\n';
     return 2;
   }
-  std::string name = "world";  // an option that is not set leaves its variable as it is
+  std::string name = "world";  // an option that is not set leaves its variable unchanged
   options.get_str_option("name", &name);
   std::cout << "Hello, " << name << "!\n";
 }

@@ -1,4 +1,4 @@
-// table: a program whose options are a table of data: registered, and read back, in a loop each.
+// table: a program whose options are a table; one loop registers them, another reads them.
 #include <array>
 #include <iostream>
 
@@ -9,7 +9,7 @@ namespace {
 struct Known {
   const char* key;
   norq::OptionType type;
-  const char* preset;  // what counts if nothing else is given
+  const char* preset;  // used if no other value is given
   const char* help;
 };
 
@@ -42,8 +42,8 @@ int main(int argc, char** argv) {
   try {
     std::vector<std::string> rest;
     options.parse_args(argc, argv, rest, 0);
-  } catch (const norq::Exception& refusal) {
-    std::cerr << refusal.what() << '\n';
+  } catch (const norq::Exception& error) {
+    std::cerr << error.what() << '\n';
     options.print_help(std::cerr, "", norq::PRINT_ORDER_INDEX, norq::PRINT_STYLE_ALIGNED);
     return 2;
   }

@@ -1,15 +1,15 @@
-// two_parsers: a program that knows its own options, and hands all others on to a library's parser.
+// two_parsers: a program that passes unknown options on to the parser of a library.
 #include <algorithm>
 #include <iostream>
 #include <iterator>
 
 #include "norq/options/option_parser.h"
 
-// Some library's start. It takes the arguments that are its own and leaves the others.
+// Starts some library, which uses its own arguments and leaves the others.
 static std::vector<std::string> start_engine(const std::vector<std::string>& arguments) {
   norq::OptionParser options(norq::BOOL_STYLE_VALUE, false);
   options.add_option("engine_threads", norq::OPT_UINT, "");
-  std::vector<const char*> argv = {"engine"};  // where a program's name would stand
+  std::vector<const char*> argv = {"engine"};  // in place of a program's name
   std::transform(arguments.begin(), arguments.end(), std::back_inserter(argv),
                  [](const std::string& argument) { return argument.c_str(); });
   std::vector<std::string> rest;
@@ -21,14 +21,14 @@ static std::vector<std::string> start_engine(const std::vector<std::string>& arg
 }
 
 int main(int argc, char** argv) {
-  norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, true);  // unknown ones are handed back
+  norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, true);  // unknown options are passed on
   options.add_option("quiet", norq::OPT_FLAG, "");
   std::vector<std::string> rest;
   try {
     options.parse_args(argc, argv, rest, 0);
     rest = start_engine(rest);
-  } catch (const norq::Exception& refusal) {
-    std::cerr << refusal.what() << '\n';
+  } catch (const norq::Exception& error) {
+    std::cerr << error.what() << '\n';
     return 2;
   }
   if (!options.get_flag_option("quiet")) {

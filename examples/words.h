@@ -1,4 +1,4 @@
-// What wordfreq does with words. None of it is about options.
+// What wordfreq does with words, without options.
 #ifndef NORQ_EXAMPLES_WORDS_H
 #define NORQ_EXAMPLES_WORDS_H
 
@@ -16,8 +16,8 @@
 
 using Counts = std::map<std::string, int>;
 
-// How the words are listed: all but `skip` from the top (a negative number counts from the end), at
-// most `top`, none that is rarer than `min_percent`, by count or by word.
+// Which words are printed: all but `skip` from the top (a negative number counts from the end), at
+// most `top`, none rarer than `min_percent`, by count or by word.
 struct Listing {
   int skip = 0;
   int top = 10;

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the benchmarks, runs all of them beside the peers that Debian packages, and writes
+# Builds and runs the benchmarks of norq and of the peers in Debian's packages, and writes
 # docs/benchmarks.md with its chart. Takes about eight minutes.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."

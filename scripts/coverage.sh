@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures how much of include/ and src/ the tests run, shows it file by file, and fails below 98 %
-# of the lines or 95 % of the branches. Branches that exist for exceptions alone do not count.
+# of the lines or 95 % of the branches. Branches that exist only for exceptions do not count.
 # build/coverage/index.html shows each line and branch.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
@@ -12,7 +12,7 @@ need gcovr
 install_needs
 
 echo "== Building the tests in build/coverage"
-rm -rf build/coverage  # what an older build counted does not fit to this one
+rm -rf build/coverage  # the counts of an older build do not match
 # Inlined code would be counted where it was inlined.
 cmake -S . -B build/coverage -DCMAKE_BUILD_TYPE=Debug -DNORQ_WARNINGS_AS_ERRORS=ON \
   -DNORQ_BUILD_EXAMPLES=OFF \
@@ -23,7 +23,7 @@ echo "== Running the tests"
 (cd build/coverage && ctest --no-tests=error --output-on-failure --parallel "$(nproc)")
 
 echo "== Coverage"
-# On a line without a condition, branches are ways out by exceptions.
+# On a line without a condition, all branches are for exceptions.
 unconditional='^(?!.*(\bif\b|\bfor\b|\bwhile\b|\bswitch\b|\?|&&|\|\|)).*$'
 gcovr --root . --filter include/ --filter src/ --exclude-throw-branches \
   --exclude-unreachable-branches --exclude-branches-by-pattern "$unconditional" --txt build/coverage/lines.txt \

@@ -26,9 +26,11 @@ show "Its settings at work: the most frequent words of a text" \
 show "The command line overrides the file: three words only, and The is not the" \
   "wordfreq -config=wordfreq.conf -top=3 -no_fold_case harbour.txt"
 show "The help listing, by group" "wordfreq -help"
-show "A refusal names the option, the value and the argument, and says what is accepted" \
+show "An error names the option, the value and the argument, and says what is accepted" \
   'wordfreq -top=many harbour.txt || echo "(exit status $?)"'
 show "An unknown name gets the nearest one as a hint" \
   'wordfreq --fold_csae harbour.txt || echo "(exit status $?)"'
 show "In a configuration file it names the line" \
   'echo "fold_case = maybe" | wordfreq -config=/dev/stdin || echo "(exit status $?)"'
+show "The settings of both as a configuration file" \
+  'wordfreq -config=wordfreq.conf -top=3 -write_config | tail -n 5'

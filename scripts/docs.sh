@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the reference of norq's interface from the comments of its headers, with Doxygen, in
-# build/docs/html. Fails if a public name lacks a comment or a comment is wrong in its form.
+# build/docs/html. Fails if a public name has no comment, or a comment is malformed.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds norq, its examples and tests by other compilers, standard libraries and word sizes, with no
-# extension of the language, and runs the tests on each. Other libraries, GoogleTest too, are built
-# for one standard library and word size, so that the tests which need them are left out.
+# Builds norq, its examples and tests with other compilers, standard libraries and word sizes,
+# without language extensions, and runs the tests. GoogleTest and other libraries are built for one
+# standard library and word size, so tests that need them are left out.
 set -eu -o pipefail
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
@@ -10,11 +10,11 @@ has_m32() { echo '#include <string>' | g++ -m32 -E -x c++ -; }
 export CXX=g++
 need_build_tools
 need clang command -v clang++
-# Linking takes both.
+# Linking needs both.
 need libc++-dev can_link clang++ -stdlib=libc++
 need libc++abi-dev can_link clang++ -stdlib=libc++
 need pkgconf command -v pkg-config
-# Where the machine is no amd64, there is no other word size to be had.
+# Only amd64 has another word size.
 if [ "$(uname -m)" = x86_64 ]; then need g++-multilib has_m32; fi
 install_needs
 
@@ -27,7 +27,7 @@ try() {
   (cd "build/$1" && ctest --no-tests=error --output-on-failure --parallel "$(nproc)" \
     --exclude-regex "Install${4:+|$4}")
 }
-# libc++ takes a read error for the end of the file, which one of the examples' errors is about.
+# libc++ treats a read error as the end of the file, and an example expects that error.
 try libcxx clang++ -stdlib=libc++ Document.examples
 try cxx20 clang++ -std=c++20
 try unsigned-char g++ -funsigned-char

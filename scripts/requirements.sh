@@ -1,7 +1,7 @@
-# What the scripts share: they own build/, install what they need and are never silent for long. To
-# be sourced in the project's folder.
+# Shared by the scripts: checks the owner of build/, installs packages, prints progress. Source it
+# in the project's folder.
 #
-#     need cmake                                   # unless there is a command of this name
+#     need cmake                                   # unless this command exists
 #     need libgtest-dev has_header gtest/gtest.h   # unless this check succeeds
 #     install_needs
 
@@ -42,8 +42,8 @@ need_test_tools() {
 }
 
 stop() {
-  echo "Cannot install ${missing_packages[*]}: $1. Please install these packages, or what your" \
-    "system calls them, and run this script again." >&2
+  echo "Cannot install ${missing_packages[*]}: $1. Please install these packages, or their" \
+    "equivalents, and run this script again." >&2
   exit 1
 }
 
@@ -52,7 +52,7 @@ install_needs() {
   command -v apt-get >/dev/null || stop "there is no apt-get here"
   local as_root=()
   if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || stop "installing takes root or sudo"
+    command -v sudo >/dev/null || stop "installing needs root or sudo"
     as_root=(sudo)
   fi
   echo "== Installing ${missing_packages[*]}" \
@@ -64,14 +64,14 @@ install_needs() {
   missing_packages=()
 }
 
-# Package lists that cannot be updated, such as those of another vendor, may not be needed.
+# A package list that cannot be updated, such as another vendor's, may not be needed.
 run_apt() {
   "${as_root[@]}" apt-get -q update
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get -q install --yes --no-install-recommends "${missing_packages[@]}"
 } >build/install.log 2>&1
 
-# Runs a command and prints a line whenever the command has printed none for 10 seconds.
+# Runs a command and prints a line whenever it has been silent for 10 seconds.
 never_silent() {
   "$@" | {
     local line status=0

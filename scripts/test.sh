@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Builds norq with the address and undefined-behaviour sanitizers and runs every test.
-# Arguments go to ctest: `./scripts/test.sh -R Session.config_file`.
+# Arguments go to ctest: `./scripts/test.sh -R ConfigFile`.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
 need_test_tools
-# g++ brings the sanitizers' run-time library, clang++ does not.
+# g++ includes the sanitizers' run-time library, clang++ does not.
 if command -v "${CXX:-c++}" >/dev/null; then
   need libclang-rt-dev can_link "${CXX:-c++}" -fsanitize=address,undefined
 fi

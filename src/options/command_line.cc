@@ -29,9 +29,8 @@ bool is_negated(const std::string& argument, const std::string& prefix, OptionBo
 
 using OptionTable = hsh::HashMap<std::string, Option>;
 
-// Finds options by their names, in constant time on average. Of several options with one name it
-// finds the first in the table's iteration order. Valid while no option is added, removed or
-// renamed.
+// Finds options by name, in constant time on average. If several options have one name, it finds
+// the first in the table's iteration order. Valid until an option is added, removed or renamed.
 class NameIndex {
  public:
   // Looks at every option. If every name is its option's key, the table itself is the index.
@@ -63,8 +62,8 @@ char lower_case(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
-// Turns the value of a boolean's argument into what its conversion takes; false if the argument has
-// a value where the style wants none, or none where it wants one.
+// Turns the value of a boolean's argument into what its conversion accepts. Returns false if the
+// argument has a value and the style allows none, or has none and the style needs one.
 bool complete_bool_value(OptionBoolStyle style, bool negated, std::string* value) {
   if (style == BOOL_STYLE_VALUE) {
     std::transform(value->begin(), value->end(), value->begin(), lower_case);

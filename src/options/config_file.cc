@@ -23,8 +23,8 @@ class StatementReader {
     file.exceptions(std::ios_base::badbit);  // so that std::bad_alloc propagates
   }
 
-  // Reads the next statement: the pieces of one or more lines, joined by spaces. False at the end
-  // of the file; one that is still to be continued there ends there.
+  // Reads the next statement: the pieces of one or more lines, joined by spaces. Returns false at
+  // the end of the file, which also ends a continued statement.
   bool read(std::string* statement) {
     statement->clear();
     std::string_view separator;

@@ -21,7 +21,7 @@ bool is_digit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
-// Decimal numbers of so many digits, and the powers of ten up to there, are exact as doubles.
+// Decimal numbers of up to so many digits, and powers of ten up to 10^15, are exact as doubles.
 constexpr std::size_t exact_digits = 15;
 constexpr std::array<double, exact_digits + 1> powers_of_ten = {
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
@@ -29,8 +29,8 @@ constexpr std::array<double, exact_digits + 1> powers_of_ten = {
 // Whether a quotient of doubles is a double: some processors compute in a wider format.
 constexpr bool quotients_are_doubles = FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1;
 
-// Each of these converts a text into the member of `out` that is its kind's, or returns false if
-// the kind refuses the text.
+// Each of these converts a text and stores it in its type's member of `out`, or returns false if
+// the type rejects the text.
 
 bool parse_bool(std::string_view text, Option::Value* out) {
   out->bool_value = text == "true";
@@ -42,7 +42,7 @@ bool parse_int(std::string_view text, bool may_be_negative, Option::Value* out) 
   if (negative) text.remove_prefix(1);
   if (text.empty()) return false;
 
-  // One more than the greatest int is as far as the magnitude needs to go.
+  // No magnitude needs to be larger than this: one more than the largest int.
   constexpr std::int64_t limit = std::int64_t{std::numeric_limits<int>::max()} + 1;
   std::int64_t magnitude = 0;
   for (const char byte : text) {
@@ -53,8 +53,7 @@ bool parse_int(std::string_view text, bool may_be_negative, Option::Value* out) 
   return true;
 }
 
-// What strtod takes for the decimal point depends on the locale, so it is shown none: 3.25 is
-// written as 325e-2.
+// The decimal point of strtod depends on the locale, so its text has none: 3.25 becomes 325e-2.
 double convert_decimal(std::string_view text, std::size_t point, std::size_t fraction_length) {
   std::string digits(text.substr(0, point));
   if (fraction_length != 0) {
@@ -76,7 +75,7 @@ bool parse_float(std::string_view text, Option::Value* out) {
     if (is_exact) digits = digits * 10 + (text[i] - '0');
   }
   const std::size_t fraction_length = digit_count - point;
-  // Both operands are exact, so that the quotient is the nearest double.
+  // Both operands are exact, so the quotient is the nearest double.
   const double value = is_exact ? static_cast<double>(digits) / powers_of_ten[fraction_length]
                                 : convert_decimal(text, point, fraction_length);
   out->float_value = static_cast<float>(value);
@@ -91,7 +90,7 @@ bool parse_enum(const std::string& text, const Option::EnumValues* values, Optio
   return true;
 }
 
-// Converts a text of any kind but OPT_STR; false if the kind refuses it.
+// Converts a text of any type but OPT_STR. Returns false if the type rejects it.
 bool parse_value(const Option& opt, const std::string& text, Option::Value* out) {
   switch (opt.type) {
     case OPT_BOOL:

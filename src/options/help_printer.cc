@@ -32,7 +32,7 @@ struct OptionComparator {
   }
 };
 
-// What stands around an option's name. Together they are its entry.
+// The texts around an option's name. Together they are its entry.
 struct Frame {
   std::string_view prefix;
   std::string_view tag;
@@ -69,7 +69,7 @@ Frame frame_of(OptionType type, OptionBoolStyle style) {
   return {" -", ""};
 }
 
-// Where help texts stand: from column `indent` on, in lines of at most `width` bytes.
+// Where help texts are: from column `indent`, in lines of at most `width` bytes.
 struct Columns {
   std::size_t indent;
   std::size_t width;
@@ -89,7 +89,7 @@ Columns columns_of(OptionPrintStyle style, const std::vector<const Option*>& lis
         std::max(widest_entry, frame.prefix.size() + option->name.size() + frame.tag.size());
   }
   const std::size_t indent = widest_entry + 1;
-  // Where the entries leave no room, text keeps the lines that it has.
+  // If the entries leave no room, nothing is wrapped.
   return {indent, indent < page_width ? page_width - indent : unlimited};
 }
 
@@ -97,8 +97,8 @@ void append_line_break(const Columns& columns, std::string* out) {
   out->append(1, '\n').append(columns.indent, ' ');
 }
 
-// The end of the line that starts at `start`: that of the last word which fits together with the
-// space that follows it, or else that of the first word, however long it is.
+// The end of the line that starts at `start`: the end of the last word that fits with the space
+// after it, or else the end of the first word, however long it is.
 std::size_t end_of_line(std::string_view paragraph, std::size_t start, std::size_t width) {
   const str::IsSpace is_space;
   const std::size_t last = start + width - 1;
@@ -111,13 +111,13 @@ std::size_t end_of_line(std::string_view paragraph, std::size_t start, std::size
   return end;
 }
 
-// Fills lines with the words of a paragraph that is too long for one. Every white-space byte ends a
-// word, so that words may be empty, and every word is followed by one space.
-void append_filled(std::string_view paragraph, const Columns& columns, std::string* out) {
+// Wraps a paragraph that is too long for a line. Every white-space byte ends a word, so words may
+// be empty, and every word is followed by one space.
+void append_wrapped(std::string_view paragraph, const Columns& columns, std::string* out) {
   std::size_t start = 0;
   for (;;) {
     const std::size_t end = end_of_line(paragraph, start, columns.width);
-    // A first word that is too long leaves the line before it empty.
+    // If the first word is too long, the first line is empty.
     if (start == 0 && end >= columns.width) append_line_break(columns, out);
     const auto line_length = static_cast<std::ptrdiff_t>(end - start + 1);
     out->append(paragraph, start, end - start).append(1, ' ');
@@ -128,14 +128,14 @@ void append_filled(std::string_view paragraph, const Columns& columns, std::stri
   }
 }
 
-// Appends a help text from the column where it starts to its last line's end.
+// Appends a help text, from its first column to the end of its last line.
 void append_text(std::string_view text, const Columns& columns, std::string* out) {
   for (;;) {
     const std::string_view paragraph = text.substr(0, text.find('\n'));
     if (paragraph.size() <= columns.width) {
       out->append(paragraph);
     } else {
-      append_filled(paragraph, columns, out);
+      append_wrapped(paragraph, columns, out);
     }
     if (paragraph.size() == text.size()) return;
     text.remove_prefix(paragraph.size() + 1);
@@ -143,7 +143,7 @@ void append_text(std::string_view text, const Columns& columns, std::string* out
   }
 }
 
-// An option's help text as it is listed: with the allowed values of an enumeration.
+// An option's help text, with the allowed values of an enumeration.
 std::string help_of(const Option& option) {
   std::string help = option.help;
   if (option.type != OPT_ENUM || option.enum_values == nullptr) return help;
@@ -154,7 +154,7 @@ std::string help_of(const Option& option) {
   return help;
 }
 
-// Appends an option's entry and help text, with the line feed that ends them.
+// Appends an option's entry and help text, and a line feed.
 void append_option(const Option& option, OptionBoolStyle bool_style, OptionPrintStyle style,
                    const Columns& columns, std::string* out) {
   const Frame frame = frame_of(option.type, bool_style);

@@ -59,7 +59,7 @@ void Option::copy_from(const Option& other) {
   }
   value = copy_value(other);
 
-  // From here on nothing throws.
+  // Nothing throws from here on.
   name = std::move(name_copy);
   type = other.type;
   help = std::move(help_copy);

@@ -41,7 +41,7 @@ void OptionParser::set_cur_help_group(const std::string& group) {
   std::string new_name = group;
   help_group_ids[group] = number;
 
-  // From here on nothing throws.
+  // Nothing throws from here on.
   name = std::move(new_name);
   help_group_counter = number;
   cur_help_group = number;
@@ -122,7 +122,7 @@ void OptionParser::get_options_set(hsh::HashSet<std::string>& out) const {
 
 namespace {
 
-// Whether a getter may read `option`, which may be null, as one of `types`.
+// Whether a getter for `types` may read `option`, which may be null.
 template <class... Types>
 bool is_readable(const Option* option, Types... types) {
   return option != nullptr && option->is_set && ((option->type == types) || ...);
@@ -163,7 +163,7 @@ bool OptionParser::get_flag_option(const std::string& key) const noexcept {
   return option != nullptr && option->is_set;
 }
 
-// One copy for all callers: inlined, it would make every host 2 KB larger.
+// One copy for all callers. Inlining it would make every host 2 KB larger.
 [[gnu::noinline]] const Option* OptionParser::find_option(const std::string& key) const noexcept {
   const auto found = options.find(key);
   return found == options.end() ? nullptr : &found->second;

@@ -8,7 +8,7 @@ namespace norq {
 std::stringbuf::int_type Exception::Buffer::overflow(int_type byte) {
   try {
     const int_type result = std::stringbuf::overflow(byte);
-    // Some standard libraries report a failed allocation by the end-of-file value.
+    // Some standard libraries report a failed allocation by returning end-of-file.
     if (traits_type::eq_int_type(result, traits_type::eof())) throw std::bad_alloc();
     return result;
   } catch (...) {
