@@ -11,9 +11,9 @@ using namespace norq;
 using Element = std::pair<std::string, const Option*>;
 
 static std::string entry_of(const Option& option, OptionBoolStyle style) {
-  const Strings signs = {" -[no_]", " (+|-)", " -"};
-  const Strings bool_tags = {"", "", "=BOOL"};
-  const Strings tags = {bool_tags[style], "=INT", "=INT", "=FLOAT", "=STR", "", "=ENUM"};
+  const char* const signs[] = {" -[no_]", " (+|-)", " -"};
+  const char* const bool_tags[] = {"", "", "=BOOL"};
+  const char* const tags[] = {bool_tags[style], "=INT", "=INT", "=FLOAT", "=STR", "", "=ENUM"};
   return (option.type == OPT_BOOL ? signs[style] : " -") + option.name + tags[option.type];
 }
 
@@ -36,8 +36,8 @@ static std::string listing_of(const std::vector<Element>& elements, OptionBoolSt
                               OptionPrintOrder order, OptionPrintStyle layout) {
   std::size_t widest = 0;
   for (const Element& e : elements) widest = std::max(widest, entry_of(*e.second, style).size());
-  const std::size_t indent = std::vector<std::size_t>{0, widest + 1, 10}[layout];
-  const std::size_t width = layout == PRINT_STYLE_TAB || indent > 79 ? SIZE_MAX : 80 - indent;
+  const std::size_t indents[] = {0, widest + 1, 10};
+  const std::size_t widths[] = {~0u, widest < 79 ? 79 - widest : ~0u, 70};
   std::string listing = "Heading\n";
   int last_group = -1;
   for (const auto& [key, option] : elements) {
@@ -51,11 +51,11 @@ static std::string listing_of(const std::vector<Element>& elements, OptionBoolSt
     if (option->enum_values != nullptr) {
       help += "\nPossible values:\n- fast : " + option->enum_values->at("fast").second;
     }
-    const std::string margin(indent, ' ');
-    const std::string rest(widest + 1 - entry.size(), ' ');
-    std::string gap = Strings{"\t", rest, '\n' + margin}[layout];
+    const std::string margin(indents[layout], ' ');
+    const std::string gaps[] = {"\t", std::string(widest + 1 - entry.size(), ' '), '\n' + margin};
+    std::string gap = gaps[layout];
     listing += entry;
-    for (const std::string& line : help == "deprecated" ? Strings() : lines_of(help, width)) {
+    for (const auto& line : help == "deprecated" ? Strings() : lines_of(help, widths[layout])) {
       listing += std::exchange(gap, '\n' + margin) + line;
     }
     listing += '\n';
@@ -79,7 +79,7 @@ int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const std::string index = std::to_string(1000 + option->index);
     const std::string type = std::to_string(option->type);
     const std::string group = std::to_string(100 + option->group);
-    const Strings deciding = {index, name, type + index, type + name, group + name, ""};
+    const std::string deciding[] = {index, name, type + index, type + name, group + name, ""};
     elements.emplace_back(deciding[order], option);
   }
   const auto precedes = [](const Element& a, const Element& b) { return a.first < b.first; };

@@ -47,7 +47,7 @@ struct Settings : RandomParser {
     const double number = std::atof(text.c_str());  // exact within the range of int
     const std::string integer = std::to_string(int(std::clamp<double>(number, INT_MIN, INT_MAX)));
     const std::string fraction = std::to_string(float(number));
-    const Strings values = {text, integer, integer, fraction, text, text, "7"};
+    const std::string values[] = {text, integer, integer, fraction, text, text, "7"};
     states[option] = values[option->type] + ", level " + std::to_string(level);
     return "";
   }

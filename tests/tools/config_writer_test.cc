@@ -6,7 +6,7 @@
 #include <random>
 #include <sstream>
 
-#include "support.h"
+#include "../support.h"
 
 namespace norq {
 namespace {

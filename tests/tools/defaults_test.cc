@@ -5,7 +5,7 @@
 #include <climits>
 #include <memory>
 
-#include "support.h"
+#include "../support.h"
 
 namespace norq {
 

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "support.h"
+#include "../support.h"
 
 namespace norq {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support.h"
+#include "../support.h"
 
 TEST(TryParse, ReportsWhatWasThrown) {
   norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
