@@ -125,10 +125,10 @@ std::string unknown_hint(const OptionParser& options, Refusal refusal) {
     std::size_t limit = std::clamp<std::size_t>(longer / 3, 1, 3);
     if (nearest.size() == 3) limit = std::min(limit, nearest.rbegin()->first.first);
     if (shorter == 0 || longer == 1 || longer - shorter > limit) continue;
-    std::size_t missing = 0;  // from the written name: each needs an edit
-    for (const char byte : name)
-      missing += matches[static_cast<unsigned char>(byte)] == 0 ? 1U : 0U;
-    if (missing > limit) continue;
+    const auto missing = std::count_if(name.begin(), name.end(), [&](char byte) {
+      return matches[static_cast<unsigned char>(byte)] == 0;
+    });
+    if (static_cast<std::size_t>(missing) > limit) continue;  // each of them needs an edit
     if (refusal.style == BOOL_STYLE_NO_PREFIX && name.rfind("no_", 0) == 0) continue;
     const std::size_t distance = edit_distance(matches, written.size(), name, limit);
     if (distance <= limit) nearest.try_emplace({distance, name}, option.type);

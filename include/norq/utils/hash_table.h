@@ -114,9 +114,7 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
   template <class... Arguments>
   T* create(Arguments&&... arguments) {
     Block block{this, this->allocate()};
-    T* const object = ::new (block.address) T(std::forward<Arguments>(arguments)...);
-    block.address = nullptr;
-    return object;
+    return block.keep(::new (block.address) T(std::forward<Arguments>(arguments)...));
   }
 
   /// Destroys `object`, which is in a block of this pool, and takes the block back.
@@ -131,6 +129,10 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
   struct Block {
     ~Block() {
       if (address != nullptr) pool->recycle(address);
+    }
+    T* keep(T* object) noexcept {
+      address = nullptr;
+      return object;
     }
     ObjectPool* pool;
     void* address;
