@@ -196,7 +196,9 @@ std::string list(const std::vector<Word>& words, std::string (*format)(const Wor
 
 void write_completion(const OptionParser& options, const std::string& program,
                       CompletionShell shell, std::ostream& out) {
-  const Shell& target = shells.at(static_cast<std::size_t>(shell));
+  const auto number = static_cast<std::size_t>(shell);
+  if (number >= shells.size()) return;
+  const Shell& target = shells[number];
   const Words words = words_of(options);
   std::string function = "_norq_";
   for (const char byte : program) {

@@ -30,9 +30,9 @@ void parse_environment(OptionParser& options, const std::string& prefix, int lev
     if (value == nullptr) continue;
     try {
       options.parse_option(key, value, level);
-    } catch (const OptionParser::error& refusal) {
+    } catch (const OptionParser::error& error) {
       throw Exception("invalid environment variable ", true)
-          << variable << " (" << refusal.what() << ")";
+          << variable << " (" << error.what() << ")";
     }
   }
 }

@@ -11,9 +11,9 @@ namespace norq {
 
 namespace {
 
-// A setting that was refused: that of a key, unless it has a sign.
-struct Refusal {
-  bool is_unknown;  // no option has the name; otherwise its form or value was refused
+// A setting that was rejected: that of a key, unless it has a sign.
+struct RejectedSetting {
+  bool is_unknown;  // no option has the name; otherwise its form or value was rejected
   std::string name;
   std::string value;
   std::string_view sign = "";  // of arguments that are not negated
@@ -21,30 +21,30 @@ struct Refusal {
   bool negated = false;
 };
 
-std::optional<Refusal> read_error(const OptionParser& options, const OptionParser::error& error,
-                                  std::string_view text) {
+std::optional<RejectedSetting> read_error(const OptionParser& options,
+                                          const OptionParser::error& error, std::string_view text) {
   const bool is_unknown = text.rfind("unknown option: ", 0) == 0;
   if (!is_unknown && text.rfind("bad ", 0) != 0) return {};
-  Refusal refusal = {is_unknown, error.name, error.value};
+  RejectedSetting setting = {is_unknown, error.name, error.value};
   const std::string& argument = error.command_line;
-  if (argument.empty()) return refusal;
-  refusal.style = options.get_bool_style();
-  const bool has_no = refusal.style == BOOL_STYLE_NO_PREFIX && argument.compare(1, 3, "no_") == 0;
-  refusal.sign = refusal.style == BOOL_STYLE_PLUS_MINUS ? "+" : "-";
-  refusal.negated = refusal.style == BOOL_STYLE_PLUS_MINUS ? argument.front() == '-' : has_no;
-  return refusal;
+  if (argument.empty()) return setting;
+  setting.style = options.get_bool_style();
+  const bool has_no = setting.style == BOOL_STYLE_NO_PREFIX && argument.compare(1, 3, "no_") == 0;
+  setting.sign = setting.style == BOOL_STYLE_PLUS_MINUS ? "+" : "-";
+  setting.negated = setting.style == BOOL_STYLE_PLUS_MINUS ? argument.front() == '-' : has_no;
+  return setting;
 }
 
 // Reads a text that ends with " (MESSAGE: KEY, value: VALUE)". Keys and values may contain the
 // separator: the longest registered key that fits is taken.
-std::optional<Refusal> read_reason(const OptionParser& options, std::string_view text) {
+std::optional<RejectedSetting> read_reason(const OptionParser& options, std::string_view text) {
   constexpr std::string_view unknown = " (unknown option: ";
-  constexpr std::string_view refused = " (bad value for option: ";
+  constexpr std::string_view rejected = " (bad value for option: ";
   constexpr std::string_view separator = ", value: ";
-  const std::size_t start = std::min(text.find(unknown), text.find(refused));
+  const std::size_t start = std::min(text.find(unknown), text.find(rejected));
   if (start == std::string_view::npos || text.back() != ')') return {};
   const bool is_unknown = text.find(unknown) == start;
-  text.remove_prefix(start + (is_unknown ? unknown : refused).size());
+  text.remove_prefix(start + (is_unknown ? unknown : rejected).size());
   text.remove_suffix(1);
   std::string_view name = text.substr(0, text.find(separator));
   for (const auto& [key, option] : options.get_options()) {
@@ -53,7 +53,7 @@ std::optional<Refusal> read_reason(const OptionParser& options, std::string_view
     if (fits && key.size() > name.size()) name = key;
   }
   const std::string_view value = text.substr(std::min(name.size() + separator.size(), text.size()));
-  return Refusal{is_unknown, std::string(name), std::string(value)};
+  return RejectedSetting{is_unknown, std::string(name), std::string(value)};
 }
 
 // Where a name of at most 64 bytes has each byte: bit i is set if byte i from its end is this one.
@@ -95,24 +95,30 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 7> type_text
     {"=ENUM", ""},
 }};
 
+// False for a number that a host made up.
+bool is_type(OptionType type) {
+  return type >= OPT_BOOL && type <= OPT_ENUM;
+}
+
 // How to write an option; only a boolean can be negated.
-std::string form(const Refusal& refusal, std::string_view name, OptionType type, bool negated) {
-  std::string text(refusal.sign);
-  const bool is_switch = type == OPT_BOOL && refusal.style != BOOL_STYLE_VALUE;
-  if (is_switch && negated) text = refusal.style == BOOL_STYLE_PLUS_MINUS ? "-" : "-no_";
+std::string form(const RejectedSetting& setting, std::string_view name, OptionType type,
+                 bool negated) {
+  std::string text(setting.sign);
+  const bool is_switch = type == OPT_BOOL && setting.style != BOOL_STYLE_VALUE;
+  if (is_switch && negated) text = setting.style == BOOL_STYLE_PLUS_MINUS ? "-" : "-no_";
   text += name;
   if (!is_switch) text += type_texts.at(static_cast<std::size_t>(type)).first;
-  if (type == OPT_FLAG && refusal.sign.empty()) text += "=";
+  if (type == OPT_FLAG && setting.sign.empty()) text += "=";
   return text;
 }
 
-std::string unknown_hint(const OptionParser& options, Refusal refusal) {
-  if (refusal.name.rfind("-", 0) == 0) {  // "--name" is meant as "-name"
-    refusal.name.erase(0, refusal.name.find_first_not_of('-'));
-    refusal.negated = refusal.style == BOOL_STYLE_NO_PREFIX && refusal.name.rfind("no_", 0) == 0;
-    if (refusal.negated) refusal.name.erase(0, 3);
+std::string unknown_hint(const OptionParser& options, RejectedSetting setting) {
+  if (setting.name.rfind("-", 0) == 0) {  // "--name" is meant as "-name"
+    setting.name.erase(0, setting.name.find_first_not_of('-'));
+    setting.negated = setting.style == BOOL_STYLE_NO_PREFIX && setting.name.rfind("no_", 0) == 0;
+    if (setting.negated) setting.name.erase(0, 3);
   }
-  const std::string_view written = refusal.name;
+  const std::string_view written = setting.name;
   std::map<std::pair<std::size_t, std::string_view>, OptionType> nearest;  // by distance and name
   Matches matches = {};
   if (written.size() > 64) return "";
@@ -120,7 +126,8 @@ std::string unknown_hint(const OptionParser& options, Refusal refusal) {
     matches[static_cast<unsigned char>(written[i])] |= std::uint64_t{1} << (written.size() - 1 - i);
   }
   for (const auto& [key, option] : options.get_options()) {
-    const std::string& name = refusal.sign.empty() ? key : option.name;
+    const std::string& name = setting.sign.empty() ? key : option.name;
+    if (!is_type(option.type)) continue;
     const auto [shorter, longer] = std::minmax({written.size(), name.size()});
     std::size_t limit = std::clamp<std::size_t>(longer / 3, 1, 3);
     if (nearest.size() == 3) limit = std::min(limit, nearest.rbegin()->first.first);
@@ -129,7 +136,7 @@ std::string unknown_hint(const OptionParser& options, Refusal refusal) {
       return matches[static_cast<unsigned char>(byte)] == 0;
     });
     if (static_cast<std::size_t>(missing) > limit) continue;  // each of them needs an edit
-    if (refusal.style == BOOL_STYLE_NO_PREFIX && name.rfind("no_", 0) == 0) continue;
+    if (setting.style == BOOL_STYLE_NO_PREFIX && name.rfind("no_", 0) == 0) continue;
     const std::size_t distance = edit_distance(matches, written.size(), name, limit);
     if (distance <= limit) nearest.try_emplace({distance, name}, option.type);
     if (nearest.size() > 3) nearest.erase(std::prev(nearest.end()));
@@ -138,24 +145,24 @@ std::string unknown_hint(const OptionParser& options, Refusal refusal) {
   for (const auto& [place, type] : nearest) {
     hint += hint.empty() ? "did you mean " : " or ";
     hint +=
-        refusal.sign.empty() ? place.second : form(refusal, place.second, type, refusal.negated);
+        setting.sign.empty() ? place.second : form(setting, place.second, type, setting.negated);
   }
   return hint.empty() ? hint : hint + "?";
 }
 
-std::string refused_hint(const OptionParser& options, const Refusal& refusal) {
+std::string rejected_hint(const OptionParser& options, const RejectedSetting& setting) {
   const auto& table = options.get_options();
   const auto found = std::find_if(table.begin(), table.end(), [&](const auto& entry) {
-    return (refusal.sign.empty() ? entry.first : entry.second.name) == refusal.name;
+    return (setting.sign.empty() ? entry.first : entry.second.name) == setting.name;
   });
-  if (found == table.end()) return "";
+  if (found == table.end() || !is_type(found->second.type)) return "";
   const Option& option = found->second;
   const std::string form_hint =
-      "write " + form(refusal, refusal.name, option.type, refusal.negated);
-  if (option.type == OPT_BOOL && refusal.style != BOOL_STYLE_VALUE && !refusal.negated) {
-    return form_hint + " or " + form(refusal, refusal.name, OPT_BOOL, true);
+      "write " + form(setting, setting.name, option.type, setting.negated);
+  if (option.type == OPT_BOOL && setting.style != BOOL_STYLE_VALUE && !setting.negated) {
+    return form_hint + " or " + form(setting, setting.name, OPT_BOOL, true);
   }
-  if (option.type == OPT_FLAG || refusal.negated) return form_hint;
+  if (option.type == OPT_FLAG || setting.negated) return form_hint;
 
   std::string accepted(type_texts.at(static_cast<std::size_t>(option.type)).second);
   if (option.enum_values != nullptr) {
@@ -164,8 +171,8 @@ std::string refused_hint(const OptionParser& options, const Refusal& refusal) {
     }
   }
   if (accepted.empty()) return "";
-  if (!refusal.value.empty())
-    return std::string(refusal.sign) + refusal.name + " takes " + accepted;
+  if (!setting.value.empty())
+    return std::string(setting.sign) + setting.name + " takes " + accepted;
   const bool is_choice = option.type == OPT_BOOL || option.type == OPT_ENUM;
   return is_choice ? form_hint + ", " + accepted : form_hint;
 }
@@ -175,11 +182,11 @@ std::string refused_hint(const OptionParser& options, const Refusal& refusal) {
 std::string explain(const OptionParser& options, const Exception& refusal) {
   std::string text = refusal.what();
   const auto* const error = dynamic_cast<const OptionParser::error*>(&refusal);
-  const std::optional<Refusal> refused =
+  const std::optional<RejectedSetting> setting =
       error == nullptr ? read_reason(options, text) : read_error(options, *error, text);
-  if (!refused.has_value()) return text;
+  if (!setting.has_value()) return text;
   const std::string hint =
-      refused->is_unknown ? unknown_hint(options, *refused) : refused_hint(options, *refused);
+      setting->is_unknown ? unknown_hint(options, *setting) : rejected_hint(options, *setting);
   return hint.empty() ? text : text + " (" + hint + ")";
 }
 

@@ -23,7 +23,8 @@ enum CompletionShell : int { COMPLETION_BASH, COMPLETION_ZSH, COMPLETION_FISH };
 /// cannot reach, those under BOOL_STYLE_NO_PREFIX whose names start with "no_", and names and
 /// values that are empty or have control characters.
 ///
-/// Check `out`'s state for write failures. Writes nothing if it throws.
+/// Check `out`'s state for write failures. Writes nothing if it throws, or if `shell` is
+/// none of the three.
 void write_completion(const OptionParser& options, const std::string& program,
                       CompletionShell shell, std::ostream& out);
 

@@ -20,7 +20,7 @@ namespace norq {
 /// Returns the keys, in registration order, of the options left out because no file can hold them:
 /// keys and texts with a line feed or with white space at either end; keys that start with '#' or
 /// contain '='; texts that end with a backslash; values that are not finite or that the option's
-/// type refuses (only a host can store those, for example a negative OPT_UINT).
+/// type rejects (only a host can store those, for example a negative OPT_UINT).
 ///
 /// If a group's name has a line feed, no group names are written. Calls `print_help`, which may
 /// name unnamed groups. Check `out`'s state for write failures. Writes nothing if it throws.

@@ -10,7 +10,7 @@ namespace norq {
 /// Sets the option at the level INT_MAX, so that every other source replaces the value, and appends
 /// "(default: VALUE)", with `value` as it is, to its help text unless that is exactly "deprecated".
 /// Returns false, and changes nothing, if `key` is not registered or the option is set already.
-/// Throws the `OptionParser::error` of `parse_option` if the type refuses `value`, and
+/// Throws the `OptionParser::error` of `parse_option` if the type rejects `value`, and
 /// `std::bad_alloc`; the option and its help text are then unchanged.
 bool set_default(OptionParser& options, const std::string& key, const std::string& value);
 

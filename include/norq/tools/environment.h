@@ -15,7 +15,7 @@ namespace norq {
 /// The values are those of `parse_option`; only an empty variable sets an OPT_FLAG.
 ///
 /// Throws `Exception` "invalid environment variable NAME (REASON)" for the first value that is
-/// refused, with the text of the `error` as REASON. What was applied before that stays.
+/// rejected, with the text of the `error` as REASON. What was applied before that stays.
 void parse_environment(OptionParser& options, const std::string& prefix, int level);
 
 }  // namespace norq

@@ -7,16 +7,17 @@
 
 namespace norq {
 
-/// Returns `refusal.what()`, followed by a hint in parentheses if there is something to add.
-/// `options` threw the exception: an `OptionParser::error`, or one whose text ends with the text of
-/// `parse_option`'s in parentheses, such as those of `parse_config_file`.
+/// Returns the text of an error, followed by a hint in parentheses if there is something to add.
+/// `options` threw the error: an `OptionParser::error`, or an `Exception` whose text ends with the
+/// text of `parse_option`'s in parentheses, such as those of `parse_config_file`.
 ///
 /// After an unknown name: "did you mean -width=INT?", or without sign and type for a key. At most
 /// three names, nearest first, then byte-wise. Inserting, deleting or replacing a byte and
 /// exchanging two neighbours are one edit each; no byte is edited twice. A third of the longer
 /// name's bytes may be edited, but at least one (of two or more) and at most three. "--name" is
-/// read as "-name". A name of more than 64 bytes gets no hint. After a refused value: "-mode takes
+/// read as "-name". A name of more than 64 bytes gets no hint. After a rejected value: "-mode takes
 /// one of: fast, full". If it is missing or the form does not suit the type: "write -count=INT".
+/// There are no hints on options whose type is none of `OptionType`'s.
 ///
 /// Passes over all options. Throws `std::bad_alloc`; returns "" if `what()` runs out of memory.
 std::string explain(const OptionParser& options, const Exception& refusal);
