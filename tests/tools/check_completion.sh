@@ -1,18 +1,15 @@
 #!/usr/bin/env bash
 # Types command lines and tabs into bash, zsh and fish with the scripts of completion_test.cc, in
-# files PREFIXbash, PREFIXzsh and PREFIXfish. Exits with status 77 if a shell is missing.
-# Usage: check_completion.sh PREFIX
+# the variables bash_script, zsh_script and fish_script. Exits with status 77 if a shell is missing.
 # shellcheck disable=SC1003,SC2016  # single quotes protect what the other shells expand
 set -eu
 { command -v zsh && command -v fish; } >/dev/null || exit 77
-scripts=$1
 export HOME LC_ALL=C.UTF-8
 HOME=$(mktemp -d)
 trap 'rm -rf "$HOME"' EXIT
 cd "$HOME"
 touch file.txt
-lines=('host -f' 'host -mo' 'host -mode=f' 'host -mode=\$' 'host -max=f' 'host -mask=f' 'host -\$'
-  'host f')
+lines=('cmd -f' 'cmd -mo' 'cmd -mode=f' 'cmd -mode=\$' 'cmd -max=f' 'cmd -mask=f' 'cmd -\$' 'cmd f')
 
 # type_in COMMAND SETTINGS: types into a shell on a terminal of its own. Control-T prints the line.
 type_in() {
@@ -23,17 +20,17 @@ type_in() {
     zpty -w shell exit
     while zpty -r shell; do :; done' type_in "$@" "${lines[@]}" >/dev/null
 }
-type_in 'bash --norc --noprofile -i' ". ${scripts}bash; bind -x '\"\\C-t\": save'
-  save() { echo \"\$READLINE_LINE\" >>.bash; READLINE_LINE=; }"
-type_in 'zsh -f -i' "autoload -Uz compinit; compinit -D -u; . ${scripts}zsh; zle -N save
-  bindkey ^T save; save() { print -r -- \"\$BUFFER\" >>.zsh; BUFFER=; }"
+type_in 'bash --norc --noprofile -i' 'eval "$bash_script"; bind -x '\''"\C-t": save'\''
+  save() { echo "$READLINE_LINE" >>.bash; READLINE_LINE=; }'
+type_in 'zsh -f -i' 'autoload -Uz compinit; compinit -D -u; eval $zsh_script; zle -N save
+  bindkey ^T save; save() { print -r -- $BUFFER >>.zsh; BUFFER=; }'
 for line in "${lines[@]}"; do
-  fish --no-config -c 'source $argv[1]fish; complete -C $argv[2]' "$scripts" "$line" >>.fish
+  fish --no-config -c 'eval $fish_script; complete -C $argv' "$line" >>.fish
 done
 
 word='-\$\(touch\ hit\)\`touch\ hit\`\'\''\;touch\ hit\;\'\''\"\\\|\&\*:ä'
 for shell in .bash .zsh; do
-  printf 'host %s\n' '-fold ' '-mode=' '-mode=fast ' "-mode=${word#-} " '-max=f' '-mask=file.txt ' \
+  printf 'cmd %s\n' '-fold ' '-mode=' '-mode=fast ' "-mode=${word#-} " '-max=f' '-mask=file.txt ' \
     "$word=" 'file.txt ' | diff - "$shell"
 done
 word=$(eval "echo $word")
