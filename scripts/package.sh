@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Makes the Debian packages libnorq1.0 and libnorq-dev in build/packages and fails if lintian finds
 # anything in them. With the argument "try" it also extracts them to build/packages/root and builds
-# and runs a program with them. Nothing is installed.
+# and runs a program with what they contain. Nothing is installed.
 set -eu
-umask 022  # determines the permissions of folders in the packages
+umask 022  # which the permissions of folders in the packages follow
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
@@ -19,7 +19,7 @@ cmake -S . -B build/packages -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/
   -DNORQ_WARNINGS_AS_ERRORS=ON -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
 cmake --build build/packages --parallel "$(nproc)"
 
-# cpack could find the dependencies itself, but would then add scripts that call ldconfig.
+# cpack could find out the dependencies itself, but would then add scripts that call ldconfig.
 cd build/packages
 mkdir -p debian DEBIAN  # where dpkg-shlibdeps expects a package
 touch debian/control
@@ -37,7 +37,14 @@ fi
 echo "== Trying the packages in build/packages/root"
 rm -rf root consumer
 for package in ./*.deb; do dpkg-deb --extract "$package" root; done
-cmake -S ../../tests/consumer -B consumer -DNORQ_BY=find -DCMAKE_PREFIX_PATH="$PWD/root/usr" \
-  -DNORQ_PROGRAM="$PWD/../../examples/minimal.cc"
+mkdir consumer
+cat >consumer/CMakeLists.txt <<'END'
+cmake_minimum_required(VERSION 3.16)
+project(consumer LANGUAGES CXX)
+find_package(norq 1.0 REQUIRED)
+add_executable(consumer ../../../examples/minimal.cc)
+target_link_libraries(consumer PRIVATE norq::norq)
+END
+cmake -S consumer -B consumer -DCMAKE_PREFIX_PATH="$PWD/root/usr"
 cmake --build consumer
 consumer/consumer -name=packages

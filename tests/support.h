@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <climits>
+#include <ctime>
+#include <set>
+#include <utility>
 
 #include "norq/options/option_parser.h"
 
@@ -14,56 +17,118 @@ namespace norq {
 using Strings = std::vector<std::string>;
 
 // The texts that this program's diagnostic hook has been called with, such as "a;b;".
-extern std::string announced;
+inline std::string announced;
 
-// A parser with an option of each type: verbose, size, count, ratio, out, dump, mode.
+// Allocations, by operator new as well as malloc: so many succeed, and then so many fail.
+inline int succeeding_allocations = 0;
+inline int failing_allocations = 0;
+
+// A parser with an option of each type.
 struct SampleParser : OptionParser {
-  explicit SampleParser(OptionBoolStyle style = BOOL_STYLE_VALUE);
+  explicit SampleParser(OptionBoolStyle style = BOOL_STYLE_VALUE) : OptionParser(style, false) {
+    const char* const keys[] = {"verbose", "size", "count", "ratio", "out", "dump", "mode"};
+    for (int type = OPT_BOOL; type <= OPT_ENUM; ++type)
+      add_option(keys[type], OptionType(type), "");
+    add_enum_value("mode", "fast", 7, "");
+  }
 };
 
 // Applies these arguments, behind a program's name.
-void parse_args(OptionParser& parser, const Strings& arguments, Strings* remaining, int level = 0);
+inline void parse_args(OptionParser& parser, const Strings& arguments, Strings* remaining,
+                       int level = 0) {
+  std::vector<const char*> argv = {"-program"};
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  parser.parse_args(static_cast<int>(argv.size()), argv.data(), *remaining, level);
+}
 
-// What `print_help` writes and flushes.
-std::string help_of(OptionParser& parser, OptionPrintOrder order, OptionPrintStyle style,
-                    const std::string& heading = "");
+// What `print_help` writes. Expects that it flushes once.
+inline std::string help_of(OptionParser& parser, OptionPrintOrder order, OptionPrintStyle style,
+                           const std::string& heading = "") {
+  struct : std::stringbuf {
+    int sync() override { return ++flushes - 1; }
+    int flushes = 0;
+  } buffer;
+  buffer.str(std::string(1 << 14, '?'));  // so that only `print_help` allocates
+  std::ostream out(&buffer);
+  parser.print_help(out, heading, order, style);
+  EXPECT_EQ(buffer.flushes, 1);
+  return buffer.str().substr(0, static_cast<std::size_t>(out.tellp()));
+}
 
 // The text of the Exception that `call` throws, if any, and the options that are set then, such as
 // "bad value for option: count, value: x; dump =; out = a.txt".
-std::string outcome_of(
-    const OptionParser& parser, const std::function<void()>& call = [] {});
+template <class Call>
+std::string outcome_of(const OptionParser& parser, Call call) {
+  std::ostringstream out;
+  out.precision(9);  // shows every float exactly
+  try {
+    call();
+  } catch (const Exception& exception) {
+    out << exception.what();
+  }
+  hsh::HashSet<std::string> keys;
+  parser.get_options_set(keys);
+  for (const std::string& key : std::set<std::string>(keys.begin(), keys.end())) {
+    out << (out.tellp() == 0 ? "" : "; ") << key << " =";
+    const auto append_if_served = [&](auto getter, auto value) {
+      if ((parser.*getter)(key, &value)) out << ' ' << std::boolalpha << value;
+    };
+    append_if_served(&OptionParser::get_bool_option, false);
+    append_if_served(&OptionParser::get_int_option, 0);
+    append_if_served(&OptionParser::get_float_option, 0.0F);
+    append_if_served(&OptionParser::get_str_option, std::string());
+  }
+  return out.str();
+}
 
-// All that a host can observe: values, the table's iteration order, help groups, records.
-std::string view_of(OptionParser& parser, const Strings& keys);
+// All fields but the value: ("name", type, "help", group, is_set, index, level, value names).
+inline std::string record_of(const Option& option) {
+  const auto& values = option.enum_values;
+  return testing::PrintToString(std::tuple(option.name, option.type, option.help, option.group,
+                                           option.is_set, option.index, option.level,
+                                           values == nullptr ? Option::EnumValues() : *values));
+}
 
-// Expects that twice the input takes at most three times the time.
-void expect_linear_time(std::size_t size, const std::function<void(std::size_t)>& run);
+// All that a host can observe: values, help groups, records in the table's iteration order.
+inline std::string view_of(OptionParser& parser) {
+  std::string view = outcome_of(parser, [] {});
+  view += help_of(parser, PRINT_ORDER_GROUP_NAME, PRINT_STYLE_TAB);
+  for (const auto& [key, option] : parser.get_options()) view += key + record_of(option);
+  return view;
+}
 
-// Lets `count` allocations succeed, by operator new as well as malloc. Then one fails or all do.
-enum class Failing { NONE, ONE, ALL_FROM };
-void let_allocations_fail(Failing failing, int count);
-
-// Lets all allocations succeed again. Returns whether any failed since the call above.
-bool stop_failing_allocations();
+// Expects that twice the input takes at most three times the processor's time.
+template <class Run>
+void expect_linear_time(std::size_t size, Run run) {
+  std::clock_t best[] = {LONG_MAX, LONG_MAX};
+  for (std::size_t number = 0; number < 12; ++number) {
+    const std::size_t twice = number % 2;
+    const std::clock_t start = std::clock();
+    run(size + twice * size);
+    best[twice] = std::min(best[twice], std::clock() - start);
+  }
+  EXPECT_LE(best[1], 3 * best[0]);
+}
 
 // Runs `act` on a new state from `make`, with the first, the second, ... allocation failing, until
 // none fails; and once more with all allocations from that one on failing. Whenever `act` met a
-// failure, it must have thrown std::bad_alloc, and `check` is called with the state.
+// failure, it must have thrown, and `check` is called with the state.
 template <class Make, class Act, class Check>
 void run_out_of_memory(Make make, Act act, Check check) {
-  for (const Failing failing : {Failing::ONE, Failing::ALL_FROM}) {
+  for (const int failures : {1, INT_MAX}) {
     bool failed = true;
-    for (int count = 0; failed; ++count) {
-      SCOPED_TRACE(testing::Message() << count << " allocations succeed");
+    for (int successes = 0; failed; ++successes) {
+      SCOPED_TRACE(testing::Message() << successes << " allocations succeed");
       auto state = make();
       bool threw = false;
-      let_allocations_fail(failing, count);
+      succeeding_allocations = successes;
+      failing_allocations = failures;
       try {
         act(state);
-      } catch (const std::bad_alloc&) {
+      } catch (const std::exception&) {
         threw = true;
       }
-      failed = stop_failing_allocations();
+      failed = std::exchange(failing_allocations, 0) < failures;
       EXPECT_EQ(threw, failed);
       if (failed) check(state);
     }

@@ -8,8 +8,6 @@
 
 namespace norq {
 
-using std::string_literals::operator""s;
-
 std::string write_file(const std::string& content) {
   const std::string path = testing::TempDir() + "norq-" + std::to_string(getpid()) + ".conf";
   std::ofstream(path) << content;
@@ -26,16 +24,13 @@ std::string apply(const std::string& content) {
   return start == std::string::npos ? outcome : outcome.replace(start, path.size(), "FILE");
 }
 
-TEST(ConfigFile, AppliesStatementsUntilOneIsRefused) {
-  EXPECT_EQ(apply(" \t\v\f\rcount \t\v\f\r= \t\v\f\r3 \t\v\f\r\n"), "count = 3");
-  EXPECT_EQ(apply("\n \t\r\n  # count = 1\ncount = 2"), "count = 2");
-  EXPECT_EQ(apply("out = a=b  \t# c"), "out = a=b  \t# c");
-  EXPECT_EQ(apply("out = \xa0\x85"),
-            "out = \xa0\x85");  // blanks in Latin-1
-  EXPECT_EQ(apply("count = 1\n#\n\ndump"), "invalid line 4 in config file: FILE; count = 1");
-  EXPECT_EQ(apply("= 5"), "invalid line 1 in config file: FILE (unknown option: , value: 5)");
-  EXPECT_EQ(apply("out = alpha \\\n# comment \\\n\n   beta\n"), "out = alpha beta");
-  EXPECT_EQ(apply("out = a \t\\ \r\nb"), "out = a b");
+TEST(ConfigFile, AppliesStatementsUpToAnError) {
+  EXPECT_EQ(apply(" \t\r\n  # count = 1\n \t\v\f\rcount \t\v\f\r= \t\v\f\r3 \t\v\f\r\n"),
+            "count = 3");
+  EXPECT_EQ(apply("out = \xa0 a=b  \t# \x85"), "out = \xa0 a=b  \t# \x85");
+  EXPECT_EQ(apply("count = 1\n#\n\r\ndump"), "invalid line 4 in config file: FILE; count = 1");
+  EXPECT_EQ(apply("; = 5"), "invalid line 1 in config file: FILE (unknown option: ;, value: 5)");
+  EXPECT_EQ(apply("out = alpha \t\\ \r\n# comment \\\n\n   beta\n"), "out = alpha beta");
   EXPECT_EQ(apply("out = a\\\\\n\\\nb"), "out = a\\  b");
   EXPECT_EQ(apply("\\\ncount \\\n = 3\ndump ="), "count = 3; dump =");
   EXPECT_EQ(apply("out = C:\\a \\\n# end\n"), "out = C:\\a");
@@ -48,27 +43,26 @@ TEST(ConfigFile, SetsOptionsByKeyAtItsLevelAndAnnouncesErrors) {
   OptionParser parser(BOOL_STYLE_VALUE, false);
   parser.add_option("key", "name", OPT_INT, "");
   const std::string path = write_file("key = 1\nname = 2");
+  const auto parse = [&] { parser.parse_config_file(path, 5); };
   announced.clear();
-  EXPECT_EQ(
-      outcome_of(parser, [&] { parser.parse_config_file(path, 5); }),
-      "invalid line 2 in config file: " + path + " (unknown option: name, value: 2); key = 1");
+  EXPECT_EQ(outcome_of(parser, parse), "invalid line 2 in config file: " + path +
+                                           " (unknown option: name, value: 2); key = 1");
   EXPECT_EQ(parser.get_option("key")->level, 5);
   std::remove(path.c_str());
-  EXPECT_EQ(outcome_of(parser, [&] { parser.parse_config_file(path, 5); }),
-            "unable to open config file: " + path + "; key = 1");
+  EXPECT_EQ(outcome_of(parser, parse), "unable to open config file: " + path + "; key = 1");
   EXPECT_EQ(announced, "unknown option;invalid line ;unable to open config file: ;");
   parser.parse_config_file("/", 5);  // which can be opened but not read
 }
 
 TEST(ConfigFile, ReadsBytesInEveryGlobalLocaleAndNumbersManyLines) {
-  struct Refusing : std::codecvt<char, char, std::mbstate_t> {
+  struct Failing : std::codecvt<char, char, std::mbstate_t> {
     bool do_always_noconv() const noexcept override { return false; }
     result do_in(state_type& /*state*/, const char* /*from*/, const char* /*end*/, const char*&,
                  char* /*to*/, char* /*to_end*/, char*& /*to_next*/) const override {
       return error;
     }
   };
-  const std::locale previous = std::locale::global(std::locale(std::locale(), new Refusing));
+  const std::locale previous = std::locale::global(std::locale(std::locale(), new Failing));
   EXPECT_EQ(apply("out = a" + std::string(70000, '\n') + "verbose"),
             "invalid line 70001 in config file: FILE; out = a");
   std::locale::global(previous);
@@ -84,20 +78,12 @@ TEST(ConfigFile, TakesLinearTimeForManyLines) {
 
 TEST(ConfigFile, OutOfMemoryKeepsWhatWasAppliedBefore) {
   const std::string path = write_file("count = 1\nout = " + std::string(40, 'x'));
-  const std::string error = "invalid line 2 in config file: " + path + " (std::bad_alloc)";
-  bool error_seen = false;
-  const auto act = [&](const auto& parser) {
-    try {
-      parser->parse_config_file(path, 0);
-    } catch (const Exception& exception) {
-      error_seen = error_seen || exception.what() == error;
-      throw std::bad_alloc();
-    }
-  };
+  announced.clear();
+  const auto act = [&](const auto& parser) { parser->parse_config_file(path, 0); };
   run_out_of_memory(std::make_unique<SampleParser>, act, [](const auto& parser) {
-    EXPECT_EQ("count = 1"s.find(outcome_of(*parser)), 0u);
+    EXPECT_EQ(std::string("count = 1").find(outcome_of(*parser, [] {})), 0u);
   });
-  EXPECT_TRUE(error_seen);
+  EXPECT_NE(announced.find("invalid line ;"), std::string::npos);
   std::remove(path.c_str());
 }
 

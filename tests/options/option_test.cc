@@ -22,11 +22,21 @@ TEST(Option, ACopyHasAllFieldsAndSharesNone) {
       const auto source = make_parser(type, 1);
       const auto target = make_parser(old_type, 2);
       *target->get_option("o") = Option(*source->get_option("o"));
-      const std::string expected = view_of(*source, {"o"});
+      const std::string expected = view_of(*source);
       source->del_option("o");
-      EXPECT_EQ(view_of(*target, {"o"}), expected);
+      EXPECT_EQ(view_of(*target), expected);
     }
   }
+}
+
+TEST(Option, SelfAssignmentKeepsTheTextAndAPlaceholderIsEmpty) {
+  const auto parser = make_parser(OPT_STR, 1);
+  Option& option = *parser->get_option("o");
+  const char* const text = option.value.str_value;
+  option = std::as_const(option);
+  EXPECT_EQ(option.value.str_value, text);
+  option = Option("o", OPT_STR, "", 0, 0);  // has no text yet
+  EXPECT_EQ(record_of(Option()), R"(("", 1, "", 0, false, 0, 0, {}))");
 }
 
 }  // namespace norq
