@@ -17,11 +17,11 @@ namespace norq {
 
 namespace hsh {
 
-/// Tells AddressSanitizer, if norq is built with it, whether a pool's block is free: it then
-/// reports accesses to free blocks. Out of line, so that only norq's own build decides.
+/// If norq is built with AddressSanitizer, marks a pool's block as free or used, so that accesses
+/// to free blocks are reported. Not inline, so that it depends only on how norq itself was built.
 void mark_block(void* block, std::size_t size, bool is_free) noexcept;
 
-/// The chunks of a pool. Released by the destructor only.
+/// The chunks of a pool. Only the destructor releases them.
 class ChunkList {
  public:
   ///@{
@@ -32,8 +32,8 @@ class ChunkList {
   ~ChunkList();
   ///@}
 
-  /// Allocates the next chunk: returns its first block and writes the end of its last to `*end`.
-  /// Throws `std::bad_alloc`, and changes nothing, if there is no memory for it.
+  /// Allocates the next chunk: returns its first block and writes the end of its last block to
+  /// `*end`. Throws `std::bad_alloc`, and changes nothing, if out of memory.
   unsigned char* allocate(std::size_t block_size, unsigned char** end);
 
  private:
@@ -47,13 +47,13 @@ class ChunkList {
 
 }  // namespace hsh
 
-/// Allocates uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's size, and takes
-/// them back. A block is aligned for every type of its size that `malloc` can align.
+/// Allocates and recycles uninitialised blocks of `BlockSize` bytes, a multiple of a pointer's
+/// size. A block is aligned for every type of its size that `malloc` can align.
 ///
-/// Blocks taken back are reused first (last in, first out), then unused blocks in ascending address
-/// order. Blocks are parts of chunks, one call of `malloc` each. From one chunk to the next the
-/// block count is multiplied by the growth factor, up to a limit. Only the destructor releases
-/// chunks. The second template argument is reserved and must be false.
+/// Recycled blocks are used first (last in, first out), then unused blocks in ascending address
+/// order. Blocks are parts of chunks; each chunk comes from one call of `malloc`. From one chunk to
+/// the next the block count is multiplied by the growth factor, up to a limit. Only the destructor
+/// releases chunks. The second template argument is reserved and must be false.
 template <std::size_t BlockSize, bool Reserved>
 class MemoryPool {
   static_assert(!Reserved, "the second template argument is reserved");
@@ -66,8 +66,8 @@ class MemoryPool {
   MemoryPool(std::size_t first, float factor, std::size_t largest) noexcept
       : chunks(first, factor, largest) {}
 
-  /// A block, valid until it is given back or the pool is destroyed. Throws `std::bad_alloc`, and
-  /// changes nothing, if a new chunk is needed and there is no memory for it.
+  /// Returns a block, valid until it is recycled or the pool is destroyed. Throws `std::bad_alloc`,
+  /// and changes nothing, if a new chunk is needed and cannot be allocated.
   void* allocate() {
     if (free_blocks != nullptr) {
       FreeBlock* const block = free_blocks;
@@ -81,7 +81,7 @@ class MemoryPool {
     return block;
   }
 
-  /// Takes back a block that `allocate` of this pool returned.
+  /// Makes a block that `allocate` of this pool returned available again.
   void recycle(void* block) noexcept {
     free_blocks = ::new (block) FreeBlock{free_blocks};
     hsh::mark_block(block, BlockSize, true);
@@ -101,7 +101,7 @@ class MemoryPool {
 };
 
 /// A `MemoryPool` of blocks that hold objects of type T. Its destructor does not destroy objects
-/// that are still alive: whoever created them frees them first.
+/// that are still alive; free them first.
 template <class T, bool Reserved>
 class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
   static_assert(alignof(T) <= alignof(std::max_align_t), "chunks are aligned by malloc");
@@ -109,23 +109,23 @@ class ObjectPool : public MemoryPool<sizeof(T), Reserved> {
  public:
   using MemoryPool<sizeof(T), Reserved>::MemoryPool;
 
-  /// A new object constructed from `arguments`. Throws `std::bad_alloc`, and what the constructor
-  /// throws; the block is then back in the pool.
+  /// Returns a new object constructed from `arguments`. Throws `std::bad_alloc` and what the
+  /// constructor throws; if the constructor throws, the block is recycled.
   template <class... Arguments>
   T* create(Arguments&&... arguments) {
     Block block{this, this->allocate()};
     return block.keep(::new (block.address) T(std::forward<Arguments>(arguments)...));
   }
 
-  /// Destroys `object`, which is in a block of this pool, and takes the block back.
+  /// Destroys `object`, which is in a block of this pool, and recycles the block.
   void free(T* object) noexcept {
     object->~T();
     this->recycle(object);
   }
 
  private:
-  // Returns to the pool unless it contains an object. (Not a try block: hosts may include this
-  // header in code that is compiled without exceptions.)
+  // Recycles the block unless an object was constructed in it. (Not a try block: programs may
+  // include this header in code that is compiled without exceptions.)
   struct Block {
     ~Block() {
       if (address != nullptr) pool->recycle(address);
@@ -155,10 +155,10 @@ struct hash<std::string> {
   std::uint64_t operator()(std::string_view key) const noexcept;
 };
 
-/// Spreads consecutive numbers over consecutive buckets.
+/// Puts consecutive numbers into consecutive buckets.
 template <>
 struct hash<int> {
-  /// The int itself, widened with its sign.
+  /// The int itself, sign-extended to 64 bits.
   std::uint64_t operator()(int key) const noexcept {
     return static_cast<std::uint64_t>(static_cast<std::int64_t>(key));
   }
@@ -178,32 +178,33 @@ struct GetKey_identity {
   const Key& operator()(const Key& value) const noexcept { return value; }
 };
 
-/// The bucket count for `wanted` buckets: the first of the primes 31, 73, 151, 313, 643,
-/// ..., 4294867387 (each about twice the one before, so that growth costs constant time per
-/// insertion) that is not less, or else the last.
+/// The bucket count for `wanted` buckets: the smallest of the primes 31, 73, 151, 313, 643, ...,
+/// 4294867387 that is not less than `wanted`, or else the largest. Each prime is about twice the
+/// one before, so that growth takes constant time per insertion.
 std::size_t bucket_count_for(std::size_t wanted) noexcept;
 
 /// A chained hash table of Values with unique Keys, the base of `HashMap` and `HashSet`.
 ///
 /// What a user may rely on:
-/// - Elements do not move: a pointer or reference to one is valid until it is erased, the table is
-///   cleared or destroyed. An iterator is valid until then or until the table grows.
+/// - Elements do not move: a pointer or reference to an element is valid until the element is
+///   erased or the table is cleared or destroyed. An iterator is valid until then or until the
+///   table grows.
 /// - Iteration visits the buckets in ascending order, and each chain from its head, the element
-///   linked last. The order depends only on the keys and the sequence of calls.
-/// - A new table has 31 buckets. An insertion attempt, even of a key that is present, makes it grow
-///   to the next prime if its load is above 0.7: at 22, 52, 106, 220, ... elements.
-/// - An insertion that throws leaves the elements and their order unchanged. Besides, only the
-///   constructor, `new_Bucket`, `rehash` and `clear(true)` may throw, and leave the table
-///   unchanged.
+///   that was linked last. The order depends only on the keys and the sequence of calls.
+/// - A new table has 31 buckets. An insertion attempt, even of a key that is present, first grows
+///   the table to the next prime if its load is above 0.7: at 22, 52, 106, 220, ... elements.
+/// - An insertion that throws leaves the elements and their order unchanged. The only other members
+///   that may throw are the constructor, `new_Bucket`, `rehash` and `clear(true)`; they then leave
+///   the table unchanged.
 /// - Find, insert and erase take constant time on average, for keys that hash well.
 ///
-/// What the implementation keeps:
+/// Invariants of the implementation:
 /// - Every element is in the chain of bucket Hash(key) modulo the bucket count, and in no other.
 /// - `size()` is the number of nodes in all chains; no two of them have equal keys.
 /// - The bucket count never decreases. Nodes are in the table's pool, whose chunks have 16, 32, 64,
 ///   ... up to 8192 nodes, and return to it when erased.
 ///
-/// GetKey, Hash and Equal hold no data and do not throw. Neither copied nor assigned.
+/// GetKey, Hash and Equal hold no data and do not throw. Tables cannot be copied or assigned.
 template <class Value, class GetKey, class Key, class Hash, class Equal>
 class Hashtable {
   static_assert(std::is_empty_v<GetKey> && std::is_empty_v<Hash> && std::is_empty_v<Equal>,
@@ -218,17 +219,17 @@ class Hashtable {
         : key_hash(hash_of_key), value(std::forward<Arguments>(arguments)...) {}
 
     Bucket* next = nullptr;  ///< null at the end of the chain
-    std::uint64_t key_hash;  ///< so that growth reads no keys, and a search few
+    std::uint64_t key_hash;  ///< stored so that growth reads no keys and a search reads few
     Value value;             ///< the element
   };
 
-  /// A forward iterator. For a map, only the second member of what it refers to may be changed; of
-  /// a set, nothing.
+  /// A forward iterator. Only the second member of a map's element may be changed through it; a
+  /// set's element may not be changed.
   template <bool is_const>
   class BasicIterator {
    public:
     ///@{
-    /// What `std::iterator_traits` reads.
+    /// For `std::iterator_traits`.
     using iterator_category = std::forward_iterator_tag;
     using value_type = Value;
     using difference_type = std::ptrdiff_t;
@@ -238,14 +239,14 @@ class Hashtable {
 
     BasicIterator() = default;
 
-    /// A const iterator from one that is not.
+    /// Converts a non-const iterator to a const iterator.
     template <bool other_is_const, class = std::enable_if_t<is_const && !other_is_const>>
     BasicIterator(const BasicIterator<other_is_const>& other) noexcept
         : node(other.node), chain(other.chain), last_chain(other.last_chain) {}
 
     ///@{
-    /// As for every forward iterator: an end is neither dereferenced nor incremented. Two are equal
-    /// if they are at the same element or both at an end.
+    /// As for every forward iterator. An end iterator must not be dereferenced or incremented. Two
+    /// iterators are equal if they are at the same element or both at an end.
     reference operator*() const noexcept { return node->value; }
     pointer operator->() const noexcept { return &node->value; }
     BasicIterator& operator++() noexcept {
@@ -283,7 +284,7 @@ class Hashtable {
   };
 
   ///@{
-  /// For a table that is not const, and for one that is.
+  /// The iterators of a non-const and of a const table.
   using iterator = BasicIterator<false>;
   using const_iterator = BasicIterator<true>;
   ///@}
@@ -296,14 +297,14 @@ class Hashtable {
   }
 
   ///@{
-  /// The number of elements, and that of buckets.
+  /// The numbers of elements and of buckets.
   std::size_t size() const noexcept { return count; }
   std::size_t bucket_count() const noexcept { return buckets.size(); }
   ///@}
 
-  /// Whether the next insertion attempt, even of a key that is present, makes the table grow. A
-  /// caller that must not grow a table for such a key asks this, and then looks for the key itself.
-  /// (The floating-point types of the load and the comparison determine the growth points.)
+  /// Whether the next insertion attempt, even of a key that is present, makes the table grow. To
+  /// avoid growth for such a key, call this first and, if it returns true, look for the key. (The
+  /// floating-point types of the load and the comparison determine the growth points.)
   bool grows_next() const noexcept {
     const float load = static_cast<float>(count) / static_cast<float>(buckets.size());
     return static_cast<double>(load) > max_load;
@@ -311,7 +312,7 @@ class Hashtable {
 
   ///@{
   /// From the head of the first chain that is not empty to the end of the last. `begin` takes time
-  /// in proportion to the empty buckets before it.
+  /// proportional to the number of empty buckets before the first element.
   iterator begin() noexcept { return begin_of<iterator>(); }
   iterator end() noexcept { return end_of<iterator>(); }
   const_iterator begin() const noexcept { return begin_of<const_iterator>(); }
@@ -348,8 +349,9 @@ class Hashtable {
     return true;
   }
 
-  /// Removes every element. Keeps the bucket count and the pool's memory; `reallocate` only
-  /// replaces the bucket array with a new one of the same length. Visits all elements and buckets.
+  /// Removes every element. Keeps the bucket count and the pool's memory. If `reallocate` is true,
+  /// also replaces the bucket array with a new one of the same length. Visits all elements and
+  /// buckets.
   void clear(bool reallocate) {
     std::vector<Bucket*> fresh(reallocate ? buckets.size() : 0);
     if (count != 0) {
@@ -367,24 +369,24 @@ class Hashtable {
     relink(&grown);
   }
 
-  /// A node of this table's pool that has a copy of `value` and is in no chain. The table does not
-  /// destroy it: if the value needs a destructor call, the caller makes it.
+  /// Returns a node from this table's pool with a copy of `value`, which is in no chain. The table
+  /// does not destroy the node: if the value needs a destructor call, the caller must make it.
   Bucket* new_Bucket(const Value& value) { return pool.create(Hash()(GetKey()(value)), value); }
 
  protected:
   /// The result of an insertion attempt.
   struct Insertion {
-    Bucket* node;        ///< has the key
-    std::size_t bucket;  ///< the node's chain
-    bool inserted;       ///< false: the key was present
+    Bucket* node;        ///< the node with the key
+    std::size_t bucket;  ///< the index of the node's chain
+    bool inserted;       ///< false if the key was present
   };
 
-  /// Constructs an element from `arguments`, whose key must be `key`, in its node, unless `key` is
-  /// present.
+  /// Constructs an element from `arguments` directly in its node, unless `key` is present. The key
+  /// of the element must be `key`.
   template <class... Arguments>
   Insertion emplace(const Key& key, Arguments&&... arguments) {
     // What can throw comes first: a larger bucket array, if one is due, and the node. A failure
-    // then changes neither the elements nor, by growing the table, their order.
+    // then leaves the elements unchanged, and also their order, because the table has not grown.
     std::vector<Bucket*> grown(grows_next() ? bucket_count_for(buckets.size() + 1) : 0);
     const std::uint64_t key_hash = Hash()(key);
     std::size_t bucket = bucket_of(key_hash);
@@ -392,7 +394,7 @@ class Hashtable {
     const bool inserted = node == nullptr;
     if (inserted) node = pool.create(key_hash, std::forward<Arguments>(arguments)...);
 
-    // The table grows before the node is linked, so that the node heads its chain.
+    // The table grows before the node is linked, so that the node is the head of its chain.
     if (!grown.empty()) {
       relink(&grown);
       bucket = bucket_of(key_hash);
@@ -405,7 +407,7 @@ class Hashtable {
   }
 
  private:
-  // Up to this load a search passes less than one node of another key on average.
+  // Up to this load, a search visits less than one node with another key on average.
   static constexpr double max_load = 0.7;
 
   // The options of a small program fit into the first chunk. Doubling keeps the calls of malloc
@@ -418,9 +420,9 @@ class Hashtable {
     return static_cast<std::size_t>(key_hash % buckets.size());
   }
 
-  // Calls `visit` for each node, chain by chain, from the head; `visit` may change its link or
-  // destroy it. The chains are moved to the front of `chains` first, because a branch on whether a
-  // bucket is empty is often mispredicted.
+  // Calls `visit` for each node, chain by chain, from the head; `visit` may relink or destroy the
+  // node. The chains are moved to the front of `chains` first, because a branch on whether a bucket
+  // is empty is often mispredicted.
   template <class Visit>
   static void visit_nodes(std::vector<Bucket*>& chains, Visit visit) noexcept {
     std::size_t used = 0;
@@ -437,7 +439,7 @@ class Hashtable {
     }
   }
 
-  // Moves all nodes to the chains of `fresh`, which is then the old bucket array.
+  // Moves all nodes to the chains of `fresh`. Afterwards `fresh` is the old bucket array.
   void relink(std::vector<Bucket*>* fresh) noexcept {
     buckets.swap(*fresh);
     visit_nodes(*fresh, [this](Bucket* node) { prepend(node, bucket_of(node->key_hash)); });
@@ -496,7 +498,7 @@ class Hashtable {
 template <class Key, class T, class Hash = hash<Key>, class Equal = std::equal_to<Key>>
 class HashMap : public Hashtable<std::pair<Key, T>, GetKey_pair<Key, T>, Key, Hash, Equal> {
  public:
-  /// The value of `key`, after an insertion attempt of `key` with `T()`.
+  /// The value of `key`, after an attempt to insert `key` with `T()`.
   T& operator[](const Key& key) { return emplace_pair(key).node->value.second; }
 
   /// Inserts `key` with a T constructed from `arguments`, in place; returns false, and constructs

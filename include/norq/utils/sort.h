@@ -12,11 +12,12 @@ namespace sortimpl {
 /// Shorter ranges are cheaper to sort by selection or insertion than to partition.
 constexpr std::size_t small_range = 16;
 
-/// After so many nested partitions a stretch is heap-sorted, because it seems to defeat the choice
-/// of the pivot: enough for any range that splits tolerably, few enough to bound the stack.
+/// After this many nested partitions a subrange is heap-sorted, because its pivots seem to be bad.
+/// The limit is large enough for any range that splits reasonably well, and small enough to bound
+/// the stack.
 constexpr int depth_budget = 32;
 
-/// Puts `value` into the heap a[top] ... a[n - 1], whose top is a hole. The hole travels down to a
+/// Puts `value` into the heap a[top] ... a[n - 1], whose top is a hole. The hole moves down to a
 /// leaf, always to the larger child; then the value moves up from there to its place. (Floyd's
 /// variant of the sift: one comparison per level on the way down, and few on the way up.)
 template <class T, class Size, class Compare>
@@ -50,16 +51,16 @@ void heap_sort(T* a, Size n, Compare& cmp) {
   }
 }
 
-/// Which of x, y and z is the median.
+/// Returns the median of x, y and z.
 template <class T, class Compare>
 const T& median(const T& x, const T& y, const T& z, Compare& cmp) {
   if (cmp(x, y)) return cmp(y, z) ? y : cmp(x, z) ? z : x;
   return cmp(x, z) ? x : cmp(y, z) ? z : y;
 }
 
-/// Swaps the elements of a[0] ... a[n - 1] until none of the first i is greater than any other, and
-/// returns i. The scans need no bound: the pivot is the value of an element, and both scans stop at
-/// an element equal to it.
+/// Swaps the elements of a[0] ... a[n - 1] until none of the first i elements is greater than any
+/// of the others, and returns i. The scans need no bound: the pivot is the value of an element, and
+/// both scans stop at an element equal to it.
 template <class T, class Size, class Compare>
 Size partition(T* a, Size n, Compare& cmp) {
   using std::swap;
@@ -76,11 +77,12 @@ Size partition(T* a, Size n, Compare& cmp) {
   }
 }
 
-/// Cuts the `n` elements from `first` into consecutive stretches, each sorted or shorter than
-/// `small_range`, no element of one greater than any of a later one, so that one insertion pass can
-/// finish. An introspective quicksort (D. Musser, "Introspective Sorting and Selection
-/// Algorithms", 1997): after `depth` nested partitions (at least 0) a stretch is heap-sorted, so
-/// that the worst case costs O(n log n). At most `depth` + 1 calls are nested.
+/// Partitions the `n` elements from `first` into consecutive subranges. Each is sorted or shorter
+/// than `small_range`, and none of its elements is greater than any element of a later subrange, so
+/// that one insertion sort can finish. An introspective quicksort (D. Musser, "Introspective
+/// Sorting and Selection Algorithms", 1997): after `depth` nested partitions (at least 0) a
+/// subrange is heap-sorted, so that the worst case takes O(n log n) comparisons. At most
+/// `depth` + 1 calls are nested.
 template <class T, class Size, class Compare>
 void do_sort(T* first, Size n, Compare cmp, int depth) {  // NOLINT(misc-no-recursion): see above
   while (n >= small_range) {
@@ -121,13 +123,14 @@ void insertion_sort(T* first, const T* last, Compare& cmp) {
 }  // namespace sortimpl
 
 /// Sorts [first, last) ascending by `cmp`, a strict weak ordering: cmp(a, b) is true when a must
-/// come before b. (With another `cmp` the behaviour is undefined.)
+/// come before b. (Otherwise the behaviour is undefined.)
 ///
 /// Not stable, but deterministic: the order of equal elements depends only on the results of `cmp`
-/// and is the same on every platform. In place, at most O(n log n) comparisons, no allocation of
-/// its own, and a stack bounded by a constant. Throws what `cmp` and the moves, copies and swaps of
-/// elements throw; the elements are then valid, but their values are unspecified. Elements are
-/// moved, and one at a time, the pivot, is copied. `Size` is the unsigned type that counts them.
+/// and is the same on every platform. Sorts in place, with at most O(n log n) comparisons, without
+/// allocating memory itself, and with a stack bounded by a constant. Throws what `cmp` and the
+/// moves, copies and swaps of elements throw; the elements are then valid, but their values are
+/// unspecified. Elements are moved, except that the pivot of each partition is copied. `Size` is
+/// the unsigned type used to count elements.
 template <class T, class Size = std::size_t, class Compare>
 void sort(T* first, T* last, Compare cmp) {
   const auto n = static_cast<Size>(last - first);

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <utility>
 
-/// Strips strings and cuts them into tokens. A view that a function returns is part of its argument
-/// and valid as long as the argument's bytes.
+/// Functions that strip strings and split them into tokens. A returned view refers to the bytes of
+/// the argument and is valid as long as they are.
 namespace norq::str {
 
 /// norq's definition of white space.
@@ -21,7 +21,7 @@ struct IsSpace {
   }
 };
 
-/// The part of `text` from its first byte for which `pred` is false.
+/// The part of `text` that starts at the first byte for which `pred` is false.
 template <class Pred>
 std::string_view lstrip_view(std::string_view text, Pred pred) {
   std::size_t first = 0;
@@ -29,7 +29,7 @@ std::string_view lstrip_view(std::string_view text, Pred pred) {
   return text.substr(first);
 }
 
-/// The part of `text` up to and including its last byte for which `pred` is false.
+/// The part of `text` that ends with the last byte for which `pred` is false.
 template <class Pred>
 std::string_view rstrip_view(std::string_view text, Pred pred) {
   std::size_t last = text.size();
@@ -76,11 +76,11 @@ class TokenIterator {
   using pointer = const std::string*;
   ///@}
 
-  /// What a postfix increment returns: the token before it.
+  /// The result of a postfix increment: the token before the increment.
   class Previous {
    public:
     ///@{
-    /// Keeps the token and returns it.
+    /// Stores the token and returns it.
     explicit Previous(std::string previous) : token(std::move(previous)) {}
     const std::string& operator*() const noexcept { return token; }
     ///@}
@@ -95,8 +95,9 @@ class TokenIterator {
   TokenIterator(TokenizerBase* owner, std::size_t start) noexcept : tokenizer(owner), pos(start) {}
 
   ///@{
-  /// As for every input iterator, except that one at the end may be incremented and stays there.
-  /// One without a tokenizer may only be compared. Two are equal if tokenizer and position are.
+  /// As for every input iterator, except that an iterator at the end may be incremented and stays
+  /// there. An iterator without a tokenizer may only be compared. Two iterators are equal if they
+  /// have the same tokenizer and position.
   reference operator*() const;
   pointer operator->() const { return &**this; }
   TokenIterator& operator++();
@@ -119,7 +120,7 @@ class TokenIterator {
 };
 
 /// The interface of tokenizers. Call `begin` exactly once, then dereference and increment the
-/// iterator until it equals `end()`; there is no way back.
+/// iterator until it equals `end()`. The tokens cannot be visited again.
 class TokenizerBase {
  public:
   TokenizerBase() = default;
@@ -127,22 +128,22 @@ class TokenizerBase {
   TokenizerBase& operator=(const TokenizerBase&) = delete;
   virtual ~TokenizerBase();
 
-  /// Makes the first token current. Every text has one, even the empty text.
+  /// Makes the first token current. Every text has at least one token, even the empty text.
   virtual TokenIterator begin() = 0;
 
   /// The iterator after the last token. Changes nothing.
   virtual TokenIterator end() = 0;
 
-  /// Makes the next token current and returns the offset at which it starts, or npos, changing
-  /// nothing, if there is none left.
+  /// Makes the next token current and returns the offset at which it starts. If there is none left,
+  /// changes nothing and returns npos.
   virtual std::size_t next_pos() = 0;
 
   /// The current token, valid until the next one becomes current.
   virtual const std::string& cur_token() = 0;
 };
 
-/// Owns a tokenizer, or nothing: then its sequence is empty. Moved, but not copied; iterators stay
-/// valid when it moves.
+/// Owns a tokenizer or is empty; if empty, it has no tokens. Can be moved but not copied; iterators
+/// stay valid after a move.
 class Tokenizer {
  public:
   class IsDelim;
@@ -152,15 +153,15 @@ class Tokenizer {
   Tokenizer() = default;
 
   ///@{
-  /// Takes ownership of `tokenizer`, which came from `new` or is null: `Tokenizer(new
-  /// TokenizerImpl<P>(...))`.
+  /// Takes ownership of `tokenizer`, which must come from `new` or be null:
+  /// `Tokenizer(new TokenizerImpl<P>(...))`.
   explicit Tokenizer(std::unique_ptr<TokenizerBase> tokenizer) noexcept
       : impl(std::move(tokenizer)) {}
   explicit Tokenizer(TokenizerBase* tokenizer) noexcept : impl(tokenizer) {}
   ///@}
 
   ///@{
-  /// As in `TokenizerBase`. Equal if there is no tokenizer.
+  /// As in `TokenizerBase`. Both return the same iterator if there is no tokenizer.
   TokenIterator begin() { return impl == nullptr ? TokenIterator() : impl->begin(); }
   TokenIterator end() { return impl == nullptr ? TokenIterator() : impl->end(); }
   ///@}
@@ -169,27 +170,29 @@ class Tokenizer {
   std::unique_ptr<TokenizerBase> impl;
 };
 
-/// True for the bytes of a delimiter string.
+/// A predicate that is true for the bytes of a delimiter string.
 class Tokenizer::IsDelim {
  public:
   /// Copies `delimiters`, which must not be null. (So the NUL byte is never a delimiter.)
   explicit IsDelim(const char* delimiters) : delims(delimiters) {}
 
-  /// Takes time in proportion to the length of the delimiter string.
+  /// Takes time proportional to the length of the delimiter string.
   bool operator()(char byte) const noexcept { return delims.find(byte) != std::string::npos; }
 
  private:
   std::string delims;
 };
 
-/// Cuts a text at every byte for which `pred` is true. Such bytes are dropped, and runs of them are
-/// not merged: k of them make k + 1 tokens, some of them empty. A split limit is the largest number
-/// of cuts; the rest of the text is then the last token. If a call throws, the token stays current.
+/// Splits a text at every byte for which `pred` is true. Such bytes are removed, and runs of them
+/// are not merged: k of them make k + 1 tokens, some of which may be empty. The split limit is the
+/// maximum number of splits; the rest of the text is then the last token. If a call throws, the
+/// token stays current.
 template <class Pred>
 class Tokenizer::TokenizerImpl : public TokenizerBase {
  public:
-  /// Keeps the address of `whole`, which must live and stay unchanged as long as the tokenizer is
-  /// used: a temporary lives to the end of its full expression. A `limit` of 0 means no limit.
+  /// Keeps the address of `whole`, which must exist and stay unchanged as long as the tokenizer is
+  /// used: a temporary exists only until the end of its full expression. A `limit` of 0 means no
+  /// limit.
   TokenizerImpl(const std::string& whole, Pred is_separator, std::size_t limit)
       : text(&whole), pred(std::move(is_separator)), max_splits(limit) {}
 
@@ -243,10 +246,10 @@ inline TokenIterator& TokenIterator::operator++() {
   return *this;
 }
 
-/// A tokenizer that cuts `text` at each byte of `delimiters`, at most `max_splits` times (0: no
-/// limit). Keeps the address of `text`, which must outlive the tokenizer: a temporary lives only to
-/// the end of its full expression. Copies `delimiters`, which must not be null. Takes time in
-/// proportion to the length of the text times the number of delimiters.
+/// Returns a tokenizer that splits `text` at each byte of `delimiters`, at most `max_splits` times
+/// (0: no limit). Keeps the address of `text`, which must outlive the tokenizer: a temporary exists
+/// only until the end of its full expression. Copies `delimiters`, which must not be null. Takes
+/// time proportional to the length of the text times the number of delimiters.
 ///
 ///     str::Tokenizer parts = str::get_tokenizer(path, ":", 0);
 ///     std::vector<std::string> directories(parts.begin(), parts.end());
