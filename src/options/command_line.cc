@@ -29,11 +29,12 @@ bool is_negated(const std::string& argument, const std::string& prefix, OptionBo
 
 using OptionTable = hsh::HashMap<std::string, Option>;
 
-// Finds options by name, in constant time on average. If several options have one name, it finds
-// the first in the table's iteration order. Valid until an option is added, removed or renamed.
+// Finds options by name, in constant time on average. If several options have the same name, it
+// finds the first one in the table's iteration order. Valid until an option is added, removed or
+// renamed.
 class NameIndex {
  public:
-  // Looks at every option. If every name is its option's key, the table itself is the index.
+  // Visits every option. If every name equals its option's key, the table itself is the index.
   explicit NameIndex(OptionTable& option_table) : options(option_table) {
     const bool names_are_keys = std::all_of(options.begin(), options.end(), [](const auto& entry) {
       return entry.first == entry.second.name;
@@ -62,8 +63,8 @@ char lower_case(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
-// Turns the value of a boolean's argument into what its conversion accepts. Returns false if the
-// argument has a value and the style allows none, or has none and the style needs one.
+// Turns the value of a boolean's argument into a text that `handle_option` accepts. Returns false
+// if the argument has a value but the style allows none, or has no value but the style needs one.
 bool complete_bool_value(OptionBoolStyle style, bool negated, std::string* value) {
   if (style == BOOL_STYLE_VALUE) {
     std::transform(value->begin(), value->end(), value->begin(), lower_case);
@@ -78,7 +79,7 @@ bool complete_bool_value(OptionBoolStyle style, bool negated, std::string* value
 
 void OptionParser::parse_args(int argc, const char* const* argv,
                               std::vector<std::string>& remaining, int level) {
-  std::optional<NameIndex> index;  // made for the first option argument
+  std::optional<NameIndex> index;  // created for the first option argument
   std::string argument;
   std::string name;
   std::string value;

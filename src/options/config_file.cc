@@ -13,7 +13,7 @@ namespace norq {
 
 namespace {
 
-// Cuts a file into statements.
+// Splits a file into statements.
 class StatementReader {
  public:
   explicit StatementReader(const std::string& file_name) {
@@ -52,7 +52,7 @@ class StatementReader {
       return false;
     }
     if (!file) {
-      // Before the end of the file, only a full string stops std::getline.
+      // Apart from the end of the file, only a full string stops std::getline.
       if (!file.eof()) throw std::length_error("line exceeds std::string::max_size()");
       return false;
     }

@@ -21,12 +21,12 @@ bool is_digit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
-// Decimal numbers of up to so many digits, and powers of ten up to 10^15, are exact as doubles.
+// Decimal numbers of up to this many digits, and powers of ten up to 10^15, are exact as doubles.
 constexpr std::size_t exact_digits = 15;
 constexpr std::array<double, exact_digits + 1> powers_of_ten = {
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-// Whether a quotient of doubles is a double: some processors compute in a wider format.
+// Whether a quotient of doubles is rounded to double. Some processors compute in a wider format.
 constexpr bool quotients_are_doubles = FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1;
 
 // Each of these converts a text and stores it in its type's member of `out`, or returns false if
@@ -42,7 +42,7 @@ bool parse_int(std::string_view text, bool may_be_negative, Option::Value* out) 
   if (negative) text.remove_prefix(1);
   if (text.empty()) return false;
 
-  // No magnitude needs to be larger than this: one more than the largest int.
+  // Larger magnitudes are not needed: this is one more than the largest int.
   constexpr std::int64_t limit = std::int64_t{std::numeric_limits<int>::max()} + 1;
   std::int64_t magnitude = 0;
   for (const char byte : text) {
@@ -53,7 +53,8 @@ bool parse_int(std::string_view text, bool may_be_negative, Option::Value* out) 
   return true;
 }
 
-// The decimal point of strtod depends on the locale, so its text has none: 3.25 becomes 325e-2.
+// The decimal point of strtod depends on the locale, so strtod gets a text without one: 3.25
+// becomes 325e-2.
 double convert_decimal(std::string_view text, std::size_t point, std::size_t fraction_length) {
   std::string digits(text.substr(0, point));
   if (fraction_length != 0) {

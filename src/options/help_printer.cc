@@ -32,7 +32,7 @@ struct OptionComparator {
   }
 };
 
-// The texts around an option's name. Together they are its entry.
+// The texts around an option's name. Prefix, name and tag form the entry.
 struct Frame {
   std::string_view prefix;
   std::string_view tag;
@@ -69,7 +69,7 @@ Frame frame_of(OptionType type, OptionBoolStyle style) {
   return {" -", ""};
 }
 
-// Where help texts are: from column `indent`, in lines of at most `width` bytes.
+// The place of help texts: from column `indent` on, in lines of at most `width` bytes.
 struct Columns {
   std::size_t indent;
   std::size_t width;

@@ -163,7 +163,7 @@ bool OptionParser::get_flag_option(const std::string& key) const noexcept {
   return option != nullptr && option->is_set;
 }
 
-// One copy for all callers. Inlining it would make every host 2 KB larger.
+// One copy for all callers. Inlining it would make every program 2 KB larger.
 [[gnu::noinline]] const Option* OptionParser::find_option(const std::string& key) const noexcept {
   const auto found = options.find(key);
   return found == options.end() ? nullptr : &found->second;

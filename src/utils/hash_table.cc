@@ -28,7 +28,7 @@ void mark_block([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size,
 #endif
 }
 
-struct alignas(std::max_align_t) ChunkList::Chunk {  // followed by its blocks, aligned like itself
+struct alignas(std::max_align_t) ChunkList::Chunk {  // its blocks follow, aligned like it
   Chunk* previous;
 };
 
@@ -80,7 +80,7 @@ std::uint64_t hash<std::string>::operator()(std::string_view key) const noexcept
   const auto byte = [&](std::size_t i) { return std::int64_t{static_cast<signed char>(key[i])}; };
   std::uint64_t h = 0;
   std::size_t i = 0;
-  // Four bytes at a time: only one multiplication in four waits for the one before it.
+  // Four bytes at a time: of four multiplications, only one needs the result of the previous round.
   for (; i + 4 <= key.size(); i += 4) {
     const std::int64_t four = 125 * byte(i) + 25 * byte(i + 1) + 5 * byte(i + 2) + byte(i + 3);
     h = h * 625 + static_cast<std::uint64_t>(four);

@@ -199,8 +199,8 @@ class OptionParser {
   /// An option's entry is " -NAME" (with a minus even under BOOL_STYLE_PLUS_MINUS, where users
   /// write +NAME), followed by "=INT", "=FLOAT", "=STR" or "=ENUM" unless it is an OPT_FLAG. The
   /// entry of an OPT_BOOL is " -[no_]NAME", " (+|-)NAME" or " -NAME=BOOL", depending on the boolean
-  /// style. The help text follows. For an OPT_ENUM it ends with a line "Possible values:" and a line
-  /// "- VALUE : HELP" for each value name. A text that is exactly "deprecated" is not printed.
+  /// style. The help text follows. For an OPT_ENUM it ends with a line "Possible values:" and one
+  /// line "- VALUE : HELP" for each value name. A text that is exactly "deprecated" is not printed.
   ///
   /// Unless the style is PRINT_STYLE_TAB, help texts are split at line feeds, and lines that do not
   /// fit into 80 columns are wrapped: every white-space byte ends a word, every word is followed by
