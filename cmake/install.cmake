@@ -1,5 +1,5 @@
 # Installs headers, library, package files and licence in the folders of GNUInstallDirs. All paths
-# in them are relative, so that an installed norq can be moved.
+# in the package files are relative, so that an installed norq can be moved.
 include(CMakePackageConfigHelpers)
 
 install(

@@ -1,10 +1,11 @@
-# Debian packages by `cpack`: libnorq1.0 has the shared library, libnorq-dev what is needed to
-# build with it. For a build with BUILD_SHARED_LIBS and the prefix /usr (scripts/package.sh).
+# Debian packages built by `cpack`: libnorq1.0 contains the shared library, libnorq-dev the files
+# for building programs with it. Needs a build with BUILD_SHARED_LIBS and the prefix /usr, as in
+# scripts/package.sh.
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL runtime development)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # or it becomes the synopsis of both packages
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # otherwise it becomes the synopsis of both packages
 set(CPACK_PACKAGE_CONTACT "The norq developers <norq@example.org>")
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds and runs the benchmarks of norq and of the peers in Debian's packages, and writes
-# docs/benchmarks.md with its chart. Takes about eight minutes.
+# Builds and runs the benchmarks of norq and of the other libraries, which come from Debian's
+# packages, and writes docs/benchmarks.md with its chart. Takes about eight minutes.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh

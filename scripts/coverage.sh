@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Measures how much of include/ and src/ the tests run, shows it file by file, and fails below 98 %
-# of the lines or 95 % of the branches. Branches that exist only for exceptions do not count.
+# Measures how much of include/ and src/ the tests cover, prints it for each file, and fails below
+# 98 % of the lines or 95 % of the branches. Branches that exist only for exceptions do not count.
 # build/coverage/index.html shows each line and branch.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
@@ -12,7 +12,7 @@ need gcovr
 install_needs
 
 echo "== Building the tests in build/coverage"
-rm -rf build/coverage  # the counts of an older build do not match
+rm -rf build/coverage  # counts from an older build would not match
 # Inlined code would be counted where it was inlined.
 cmake -S . -B build/coverage -DCMAKE_BUILD_TYPE=Debug -DNORQ_WARNINGS_AS_ERRORS=ON \
   -DNORQ_BUILD_EXAMPLES=OFF \

@@ -21,16 +21,16 @@ show() {
 }
 
 show "The configuration file of the example" "cat wordfreq.conf"
-show "Its settings at work: the most frequent words of a text" \
+show "The most frequent words of a text, with these settings" \
   "wordfreq -config=wordfreq.conf harbour.txt"
-show "The command line overrides the file: three words only, and The is not the" \
+show "The command line overrides the file: only three words; The and the are different words" \
   "wordfreq -config=wordfreq.conf -top=3 -no_fold_case harbour.txt"
-show "The help listing, by group" "wordfreq -help"
+show "The help, by group" "wordfreq -help"
 show "An error names the option, the value and the argument, and says what is accepted" \
   'wordfreq -top=many harbour.txt || echo "(exit status $?)"'
-show "An unknown name gets the nearest one as a hint" \
+show "For an unknown name, norq suggests the most similar one" \
   'wordfreq --fold_csae harbour.txt || echo "(exit status $?)"'
-show "In a configuration file it names the line" \
+show "An error in a configuration file names the line" \
   'echo "fold_case = maybe" | wordfreq -config=/dev/stdin || echo "(exit status $?)"'
-show "The settings of both as a configuration file" \
+show "The combined settings as a configuration file" \
   'wordfreq -config=wordfreq.conf -top=3 -write_config | tail -n 5'

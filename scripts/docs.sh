@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the reference of norq's interface from the comments of its headers, with Doxygen, in
+# Builds the reference of norq's interface from the comments in its headers, with Doxygen, in
 # build/docs/html. Fails if a public name has no comment, or a comment is malformed.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
@@ -8,7 +8,7 @@ CDPATH='' cd -- "$(dirname -- "$0")/.."
 need doxygen
 install_needs
 
-echo "== Making the reference in build/docs/html"
+echo "== Building the reference in build/docs/html"
 NORQ_VERSION=$(sed -n 's/^#define NORQ_VERSION_.* //p' include/norq/version.h | paste -sd .)
 export NORQ_VERSION
 rm -rf build/docs/html

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the fuzz targets with clang++ and the address and undefined-behaviour sanitizers and runs
-# each for some seconds (60 if not given): `./scripts/fuzz.sh 1200`. As many run at once as there
-# are cores. What they find is written to build/fuzz; their growing corpora stay there as well.
+# each for the given number of seconds (60 by default): `./scripts/fuzz.sh 1200`. One target runs on
+# each core. Faults and the growing corpora are written to build/fuzz.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 seconds=${1:-60}

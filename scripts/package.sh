@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Makes the Debian packages libnorq1.0 and libnorq-dev in build/packages and fails if lintian finds
-# anything in them. With the argument "try" it also extracts them to build/packages/root and builds
-# and runs a program with what they contain. Nothing is installed.
+# Builds the Debian packages libnorq1.0 and libnorq-dev in build/packages and fails if lintian
+# reports anything. With the argument "try" it also extracts them to build/packages/root and builds
+# and runs a program with them. Nothing is installed.
 set -eu
-umask 022  # which the permissions of folders in the packages follow
+umask 022  # determines the permissions of folders in the packages
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
 
@@ -19,7 +19,7 @@ cmake -S . -B build/packages -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/
   -DNORQ_WARNINGS_AS_ERRORS=ON -DNORQ_BUILD_TESTS=OFF -DNORQ_BUILD_EXAMPLES=OFF
 cmake --build build/packages --parallel "$(nproc)"
 
-# cpack could find out the dependencies itself, but would then add scripts that call ldconfig.
+# cpack could determine the dependencies itself, but would then add scripts that call ldconfig.
 cd build/packages
 mkdir -p debian DEBIAN  # where dpkg-shlibdeps expects a package
 touch debian/control

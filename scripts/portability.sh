@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds norq, its examples and tests with other compilers, standard libraries and word sizes,
 # without language extensions, and runs the tests. GoogleTest and other libraries are built for one
-# standard library and word size, so tests that need them are left out.
+# standard library and word size, so tests that need them are skipped.
 set -eu -o pipefail
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 . scripts/requirements.sh
@@ -14,11 +14,11 @@ need clang command -v clang++
 need libc++-dev can_link clang++ -stdlib=libc++
 need libc++abi-dev can_link clang++ -stdlib=libc++
 need pkgconf command -v pkg-config
-# Only amd64 has another word size.
+# Only amd64 supports another word size.
 if [ "$(uname -m)" = x86_64 ]; then need g++-multilib has_m32; fi
 install_needs
 
-# try NAME COMPILER FLAGS [TESTS LEFT OUT]
+# try NAME COMPILER FLAGS [SKIPPED TESTS]
 try() {
   echo "== $1: $2 $3"
   cmake -S . -B "build/$1" -DCMAKE_CXX_COMPILER="$2" -DNORQ_TEST_WITH_OTHERS=OFF \

@@ -49,7 +49,7 @@ stop() {
 
 install_needs() {
   [ ${#missing_packages[@]} -eq 0 ] && return
-  command -v apt-get >/dev/null || stop "there is no apt-get here"
+  command -v apt-get >/dev/null || stop "apt-get is missing"
   local as_root=()
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null || stop "installing needs root or sudo"
@@ -59,12 +59,13 @@ install_needs() {
     "(about half a minute on a fast network; log: build/install.log)"
   if ! never_silent run_apt; then
     cat build/install.log >&2
-    stop "apt-get failed, its output is above and in build/install.log"
+    stop "apt-get failed; see its output above or in build/install.log"
   fi
   missing_packages=()
 }
 
-# A package list that cannot be updated, such as another vendor's, may not be needed.
+# Ignores failed updates: a package list that cannot be updated, such as another vendor's, may not
+# be needed.
 run_apt() {
   "${as_root[@]}" apt-get -q update
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
@@ -75,7 +76,7 @@ run_apt() {
 never_silent() {
   "$@" | {
     local line status=0
-    until [ "$status" -eq 1 ]; do  # 0: a line, 1: the end, more: nothing within 10 seconds
+    until [ "$status" -eq 1 ]; do  # 0: a line, 1: end of input, more: no input for 10 seconds
       status=0
       IFS= read -r -t 10 line || status=$?
       case $status in

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Prints the share of tests in the code: the non-blank lines of all files in tests/ and fuzz/, of
-# those in include/, src/, tests/ and fuzz/. Fails unless it is more than a quarter and at most a
-# third.
+# Prints the share of tests in the code: the number of non-blank lines in tests/ and fuzz/, divided
+# by the number in include/, src/, tests/ and fuzz/. Fails unless the share is more than a quarter
+# and at most a third.
 set -eu
 CDPATH='' cd -- "$(dirname -- "$0")/.."
 
