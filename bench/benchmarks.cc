@@ -49,7 +49,7 @@ void add_peer(const Peer& peer, const std::string& measure) {
   });
 }
 
-// The floor of a cycle: copies the strings of the options.
+// A lower bound for a cycle: only copies the strings of the options.
 void copy_strings(benchmark::State& state, const Workload& work) {
   for (auto _ : state) {
     std::vector<std::tuple<std::string, std::string, std::string>> copies;
@@ -96,7 +96,7 @@ void add_sort(const std::string& library, Sort sort) {
   });
 }
 
-// Reports the bytes of the texts of 10000 options, and of a parser with these options.
+// Reports the size of the texts of 10000 options, and of a parser with these options, in bytes.
 void measure_memory() {
   const auto resident_bytes = [] {
     long pages[2] = {};  // all, and those in memory

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Measures what a library costs a program that uses it. Prints lines "compile,LIBRARY,SECONDS" (for
-# one file, the median of nine) and "size,HOST,BYTES" (for the smallest host of norq).
+# Measures what each library costs a program that uses it. Prints lines "compile,LIBRARY,SECONDS"
+# (for one file, the median of nine) and "size,PROGRAM,BYTES" (for the smallest program that uses
+# norq).
 # usage: build_cost.sh LIBNORQ WORK_DIRECTORY
 set -eu
-export LC_ALL=C  # numbers have points
+export LC_ALL=C  # so that numbers have decimal points
 root=$(cd "$(dirname "$0")/.." && pwd)
 library=$1
 work=$2
@@ -26,7 +27,7 @@ write_source args 'args.hxx' 'args::ArgumentParser p(""); args::ValueFlag<int> c
 write_source TCLAP 'tclap/CmdLine.h' 'TCLAP::CmdLine p("p"); TCLAP::ValueArg<int> count("", "count", "", false, 0, "n", p); TCLAP::ValueArg<std::string> name("", "name", "", false, "", "s", p); TCLAP::SwitchArg quiet("", "quiet", "", p); p.parse(argc, argv); return count.getValue();'
 write_source Boost.Program_options 'boost/program_options.hpp' 'namespace po = boost::program_options; po::options_description d; d.add_options()("count", po::value<int>(), "")("name", po::value<std::string>(), "")("quiet", po::bool_switch(), ""); po::variables_map m; po::store(po::parse_command_line(argc, argv, d), m); return m["count"].as<int>();'
 
-# In turn, so that all run under the same conditions.
+# Takes turns, so that all compile under the same conditions.
 TIMEFORMAT=%U
 for round in 1 2 3 4 5 6 7 8 9; do
   for name in "${names[@]}"; do echo "$name $({ time compile "$name"; } 2>&1)"; done

@@ -1,4 +1,4 @@
-// How each library does the steps of the work.
+// The steps of the work, implemented with each library.
 
 #include <getopt.h>
 #include <ini.h>
@@ -160,7 +160,7 @@ double use_popt(const Run& run) {
   return sum;
 }
 
-// What a program does itself if its library does not.
+// Converts values for libraries that do not convert them.
 template <class T>
 void convert(const char* text, T& out) {
   if constexpr (std::is_same_v<T, int>) out = static_cast<int>(std::strtol(text, nullptr, 10));

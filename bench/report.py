@@ -65,26 +65,27 @@ with open(document, "w") as out:
             "allocation. Help texts have about 100 bytes. Times are processor times. Benchmarks "
             "run in random order, seven times each. A ratio is norq's median divided by the "
             "peer's: below 1, norq is faster. Peers come from Debian's packages.")
-    ratios("Cycle", "Make a parser, register N options, parse A arguments, read their values "
-           "back. The floor is not a library: it copies the key, name and help text of each option "
-           "into a `std::vector` with reserved capacity and destroys it.", "cycle", "N, A")
+    ratios("Cycle", "Create a parser, register N options, parse A arguments, read their "
+           "values. The floor is not a library: it only copies the key, name and help text of each "
+           "option into a `std::vector` with reserved capacity and destroys the vector.",
+           "cycle", "N, A")
     section("Growth", "The cost of a cycle per option and argument, relative to the cost at 1000 "
-            "of each. The bare table is the least that such work asks of memory: a "
-            "`std::unordered_map` of records with name, help text and value, filled, found by name "
-            "twice and destroyed. Beyond 10000 the options do not fit into the processor's caches, "
-            "so each step of a lookup (bucket, node, key) waits for memory.",
+            "of each. The bare table shows the least memory access that this work needs: "
+            "it fills a `std::unordered_map` with records of name, help text and value, finds each "
+            "record twice by name and destroys the map. Beyond 10000, the options do not fit into "
+            "the processor's caches, so each step of a lookup (bucket, node, key) waits for memory.",
             ["N = A", "norq", "bare table", "norq / bare table"],
             *([n, growth("norq", n), growth("std", n), ratio("growth", (n, n), "std")]
               for n, _ in sorted(times["growth"])))
-    ratios("Configuration files", "A file of L lines `name = value` for N options. The host of "
-           "inih stores its options in a hash map.", "config", "N, L")
-    ratios("Help", "List N options, aligned, into a string stream.", "help", "N")
+    ratios("Configuration files", "A file of L lines `name = value` for N options. The program "
+           "that uses inih stores its options in a hash map.", "config", "N, L")
+    ratios("Help", "Print the help for N options, aligned, to a string stream.", "help", "N")
     section("Containers and sort", "`hsh::HashMap` and `std::unordered_map` (insert all keys, find "
             "all keys), `norq::sort` and `std::sort` (by name), for N options.",
             ["N", "insert", "find", "sort"],
             *([n, *(ratio(measure, (n, 0), "std") for measure in ("insert", "find", "sort"))]
               for n, _ in sorted(times["sort"])))
-    section("Build cost", "A host with three options, linked statically with norq and stripped, "
+    section("Build cost", "A program with three options, linked statically with norq and stripped, "
             f"has {size['host']} bytes, or {size['host-gc-sections']} with `-Wl,--gc-sections`. "
             "The table shows the time to compile one file that includes a library and uses it, "
             "relative to a file that includes only `<string> <vector> <map> <sstream>`.",

@@ -61,7 +61,8 @@ struct Run {
     }
   }
 
-  // If files are measured, times `read`, which takes the path of a file, and returns true.
+  // If files are measured, times `read`, which reads the file with the given path, and returns
+  // true.
   template <class Read>
   bool measure_file(Read read) const {
     if (file == nullptr) return false;
