@@ -12,9 +12,9 @@ int main(int argc, char** argv) {
   try {
     std::vector<std::string> rest;
     options.parse_args(argc, argv, rest, 0);
-    norq::parse_environment(options, "SERVE_", 1);  // weaker than the command line
-  } catch (const norq::Exception& refusal) {
-    std::cerr << refusal.what() << '\n';
+    norq::parse_environment(options, "SERVE_", 1);  // the command line takes precedence
+  } catch (const norq::Exception& error) {
+    std::cerr << error.what() << '\n';
     return 2;
   }
   std::string host = "localhost";

@@ -1,11 +1,11 @@
-// hook: a host's own diagnostic hook, which prints where an error comes from before it is thrown.
+// hook: a program's own diagnostic hook, which prints where an error comes from.
 #include <iostream>
 
 #include "norq/options/option_parser.h"
 
 namespace {
 
-// What the program is doing, and what that is part of.
+// What the program is doing, and the activity that this is part of.
 struct Activity {
   explicit Activity(const char* what) : name(what), outer(innermost) { innermost = this; }
   Activity(const Activity&) = delete;
@@ -24,8 +24,8 @@ void read_environment(norq::OptionParser& options, const std::string& port) {
 
 }  // namespace
 
-// norq calls this for every error that it is about to throw, before the stack unwinds: a program
-// could stop in a debugger here, or print a stack trace.
+// norq calls this before it throws an error, when the stack is still complete. A program could also
+// stop in a debugger here, or print a stack trace.
 void norq::Exception::dump_msg_and_raise_assertion() {  // NOLINT(*-make-member-function-const)
   std::cerr << "about to throw: " << what() << '\n';
   for (const Activity* activity = Activity::innermost; activity != nullptr;

@@ -1,4 +1,4 @@
-// levels: settings from the command line and from any number of files, and which of them win.
+// levels: settings from the command line and any number of files, ranked by level.
 // Usage: levels [options] [file ...]
 #include <algorithm>
 #include <iostream>
@@ -11,8 +11,8 @@ static void run(int argc, char** argv) {
   options.add_option("width", norq::OPT_UINT, "");
   options.add_option("verbose", norq::OPT_BOOL, "");
 
-  // The smallest level wins, in whichever order the sources are read: first the command line, then
-  // the files in their order, then a call.
+  // The smallest level wins, whatever the order of reading. Here the command line comes first, then
+  // the files in order, then a default.
   std::vector<std::string> files;
   options.parse_args(argc, argv, files, 0);
   int level = 1;

@@ -1,4 +1,4 @@
-// listings: a few options in each order and each layout of the help.
+// listings: prints the help of a few options in each order and each layout.
 #include <iostream>
 #include <map>
 #include <string>

@@ -1,4 +1,4 @@
-// minimal: the least that a program does: register, parse, read.
+// minimal: the smallest useful program: it registers an option, parses and reads.
 #include <iostream>
 
 #include "norq/options/option_parser.h"

@@ -1,4 +1,4 @@
-// no_exceptions: a host that is built with -fno-exceptions and -fno-rtti.
+// no_exceptions: a program that is built with -fno-exceptions and -fno-rtti.
 #include <iostream>
 
 #include "norq/tools/try_parse.h"

@@ -1,4 +1,4 @@
-// table: a program whose options are a table; one loop registers them, another reads them.
+// table: keeps the options in a table; one loop registers them, another reads them.
 #include <array>
 #include <iostream>
 
@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
   for (const Known& known : table) {
     options.add_option(known.key, known.type,
                        std::string(known.help) + " Else " + known.preset + ".");
-    options.parse_option(known.key, known.preset, 1);  // weaker than the command line
+    options.parse_option(known.key, known.preset, 1);  // the command line takes precedence
   }
   try {
     std::vector<std::string> rest;

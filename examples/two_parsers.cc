@@ -5,7 +5,7 @@
 
 #include "norq/options/option_parser.h"
 
-// Starts some library, which uses its own arguments and leaves the others.
+// Starts a library that has options of its own. Returns the positional arguments.
 static std::vector<std::string> start_engine(const std::vector<std::string>& arguments) {
   norq::OptionParser options(norq::BOOL_STYLE_VALUE, false);
   options.add_option("engine_threads", norq::OPT_UINT, "");

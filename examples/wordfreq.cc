@@ -19,25 +19,26 @@ static void register_options(OptionParser& options) {
   options.add_enum_value("completion", "bash", COMPLETION_BASH, "");
   options.add_enum_value("completion", "zsh", COMPLETION_ZSH, "");
   options.add_enum_value("completion", "fish", COMPLETION_FISH, "");
-  options.add_option("help", OPT_FLAG, "Print this listing.");
-  options.add_option("help_order", OPT_ENUM, "Order of this listing.");
-  options.add_enum_value("help_order", "index", PRINT_ORDER_INDEX, "as registered");
+  options.add_option("help", OPT_FLAG, "Print this help.");
+  options.add_option("help_order", OPT_ENUM, "Order of the options in this help.");
+  options.add_enum_value("help_order", "index", PRINT_ORDER_INDEX, "in registration order");
   options.add_enum_value("help_order", "name", PRINT_ORDER_NAME, "by name");
   options.add_enum_value("help_order", "group", PRINT_ORDER_GROUP_NAME, "by group and name");
-  options.add_option("help_style", OPT_ENUM, "Layout of this listing.");
+  options.add_option("help_style", OPT_ENUM, "Layout of this help.");
   options.add_enum_value("help_style", "tab", PRINT_STYLE_TAB, "for other programs");
   options.add_enum_value("help_style", "aligned", PRINT_STYLE_ALIGNED, "in two columns");
-  options.add_enum_value("help_style", "indented", PRINT_STYLE_INDENTED, "texts below names");
-  options.set_cur_help_group("What is counted");
-  options.add_option("fold_case", OPT_BOOL, "Whether The counts as the.");
-  options.add_option("leave_out", OPT_STR, "File of words not to count.");
-  options.set_cur_help_group("What is printed");
-  options.add_option("min_percent", OPT_FLOAT, "Least share, in per cent, of a word to print.");
+  options.add_enum_value("help_style", "indented", PRINT_STYLE_INDENTED,
+                         "descriptions below names");
+  options.set_cur_help_group("Counting");
+  options.add_option("fold_case", OPT_BOOL, "Treat The and the as the same word.");
+  options.add_option("leave_out", OPT_STR, "File with words to ignore.");
+  options.set_cur_help_group("Output");
+  options.add_option("min_percent", OPT_FLOAT, "Minimum share of a printed word, in percent.");
   options.add_option("order", OPT_ENUM, "Order of the words.");
-  options.add_enum_value("order", "count", 0, "the most frequent first");
-  options.add_enum_value("order", "word", 1, "by the word's bytes");
-  options.add_option("skip", OPT_INT, "How many words to skip; -3 leaves the last three.");
-  options.add_option("top", OPT_UINT, "How many words to print at most.");
+  options.add_enum_value("order", "count", 0, "most frequent first");
+  options.add_enum_value("order", "word", 1, "byte by byte");
+  options.add_option("skip", OPT_INT, "Number of words to skip; -3 keeps only the last three.");
+  options.add_option("top", OPT_UINT, "Maximum number of words to print.");
   set_default(options, "help_order", "group");
   set_default(options, "help_style", "aligned");
   set_default(options, "fold_case", "false");
@@ -48,7 +49,7 @@ static void register_options(OptionParser& options) {
 static void run(OptionParser& options, int argc, char** argv) {
   std::vector<std::string> files;
   options.parse_args(argc, argv, files, 0);
-  std::string config;  // its level is weaker, so that the command line wins though it came first
+  std::string config;  // with a larger level, so that the command line takes precedence
   if (options.get_str_option("config", &config)) options.parse_config_file(config, 1);
   if (options.get_flag_option("help")) {
     int order = 0;
@@ -93,15 +94,16 @@ static void run(OptionParser& options, int argc, char** argv) {
 }
 
 int main(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);  // a synchronised standard input takes errors for its end
+  std::ios::sync_with_stdio(
+      false);  // otherwise std::cin reports read errors as the end of the file
   OptionParser options(BOOL_STYLE_NO_PREFIX, false);
   try {
     register_options(options);
     run(options, argc, argv);
     if (!std::cout.flush()) throw Exception("unable to write to standard output", true);
     return 0;
-  } catch (const Exception& refusal) {
-    std::cerr << explain(options, refusal) << '\n';
+  } catch (const Exception& error) {
+    std::cerr << explain(options, error) << '\n';
   } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
   }

@@ -1,4 +1,4 @@
-// What wordfreq does with words, without options.
+// The part of wordfreq that counts and prints words. It does not use options.
 #ifndef NORQ_EXAMPLES_WORDS_H
 #define NORQ_EXAMPLES_WORDS_H
 
@@ -16,8 +16,8 @@
 
 using Counts = std::map<std::string, int>;
 
-// Which words are printed: all but `skip` from the top (a negative number counts from the end), at
-// most `top`, none rarer than `min_percent`, by count or by word.
+// Which words are printed, and in which order. A negative `skip` keeps only that many words, from
+// the end of the list.
 struct Listing {
   int skip = 0;
   int top = 10;
