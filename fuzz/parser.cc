@@ -1,12 +1,11 @@
-// Sets random options by arguments and configuration files, lists them in every order and layout,
-// and compares all with a model.
+// Sets random options by keys and by arguments, lists them in every order and layout,
+// and compares all with a model. Without libFuzzer it runs a fixed number of random inputs.
 
 #include <algorithm>
 #include <climits>
-#include <cstdio>
-#include <fstream>
 #include <iostream>
 #include <map>
+#include <random>
 #include <regex>
 
 #include "norq/options/option_parser.h"
@@ -93,19 +92,6 @@ struct Model : OptionParser {
     const std::string values[] = {text, integer, integer, fraction, text, text, "7"};
     states[option] = values[option->type] + ", level " + std::to_string(level);
     return "";
-  }
-
-  void set_by_file(Input& input, const std::string& key, const std::string& text, int level) {
-    std::string file = input.some_of({"\n", "#=\\\n", " \t\r\n", "\v \n"}, 3);
-    file += key + " \v= \\\n#\\\n " + text + input.one_of({"\t\n", "\\\n \\\n"});
-    std::ofstream("a.conf", std::ios::binary) << file;
-    const std::string line = std::to_string(std::count(file.begin(), file.end(), '\n'));
-    std::string message = take(get_option(key), key, text, level, "bad value for option");
-    if (!message.empty()) {
-      message = "invalid line " + line + " in config file: a.conf (" + message + ")";
-    }
-    expect_equal(error_of([&] { parse_config_file("a.conf", level); }), message);
-    std::remove("a.conf");
   }
 
   void set_by_argument(const std::string& argument, int level) {
@@ -220,7 +206,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string text = input.some_of(words, 5);
     const std::string value = text.empty() ? "" : '=' + text;
     const int level = std::vector<int>{0, 1, INT_MIN, INT_MAX}[input.below(4)];
-    if (input.below(32) == 0) model.set_by_file(input, key, text, level);
+    const std::string message = model.take(option, key, text, level, "bad value for option");
+    expect_equal(error_of([&] { model.parse_option(key, text, level); }), message);
     model.set_by_argument(input.one_of({"-", "+", "-no_", ""}) + name + value, level);
     if (option != nullptr) model.check_state(*option, key);
     const auto order = static_cast<OptionPrintOrder>(input.below(6));  // the last is unknown
@@ -228,3 +215,15 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   }
   return 0;
 }
+
+#ifndef NORQ_LIBFUZZER
+int main() {
+  std::mt19937 random(2027);
+  for (int number = 0; number < 120; ++number) {
+    std::cerr << "input " << number << '\r';  // what a failure prints stands after its number
+    std::vector<unsigned char> bytes(random() % 6000);
+    for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(random());
+    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+  }
+}
+#endif

@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# Builds the programs that a document shows, runs the commands ("$ ...") of its console blocks in
-# FOLDER, and compares what they print with what it shows. A block that starts with a comment naming
-# a file is that file.
-# Usage: check_document.sh DOCUMENT FOLDER COMPILER FLAG...
+# Builds the programs that a document shows, runs the commands ("$ ...") of its console blocks, and
+# compares what they print with what it shows. A block that starts with a comment naming a file is
+# that file. The files of examples/data are there, too.
+# Usage: check_document.sh DOCUMENT COMPILER FLAG...
 set -u
-mkdir -p "$2" && cd "$2" || exit 1
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cp "${0%/*}"/../examples/data/* "$folder" && cd "$folder" || exit 1
 PATH=$PWD:$PATH
 
 programs=$(awk '
@@ -13,7 +15,7 @@ programs=$(awk '
   first && sub(/\.cc$/, "", $2) { print $2 }
   { first = 0 }
   file != "" { print >file }' "$1")
-xargs -P 2 -I {} "$3" {}.cc "${@:4}" -o {} <<<"$programs" || exit 1
+xargs -P 2 -I {} "$2" {}.cc "${@:3}" -o {} <<<"$programs" || exit 1
 
 shown=$(awk '/^```/ { shown = $0 == "```console"; next } shown' "$1")
 printed=$(grep '^\$ ' <<<"$shown" | while IFS= read -r command; do

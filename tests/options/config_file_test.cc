@@ -68,14 +68,6 @@ TEST(ConfigFile, ReadsBytesInEveryGlobalLocaleAndNumbersManyLines) {
   std::locale::global(previous);
 }
 
-TEST(ConfigFile, TakesLinearTimeForManyLines) {
-  expect_linear_time(2000, [](std::size_t count) {
-    std::string content;
-    for (std::size_t i = 0; i < count; ++i) content += "count \\\n = 1\nout = \\\n\\\n";
-    apply(content);
-  });
-}
-
 TEST(ConfigFile, OutOfMemoryKeepsWhatWasAppliedBefore) {
   const std::string path = write_file("count = 1\nout = " + std::string(40, 'x'));
   announced.clear();

@@ -29,14 +29,4 @@ TEST(Option, ACopyHasAllFieldsAndSharesNone) {
   }
 }
 
-TEST(Option, SelfAssignmentKeepsTheTextAndAPlaceholderIsEmpty) {
-  const auto parser = make_parser(OPT_STR, 1);
-  Option& option = *parser->get_option("o");
-  const char* const text = option.value.str_value;
-  option = std::as_const(option);
-  EXPECT_EQ(option.value.str_value, text);
-  option = Option("o", OPT_STR, "", 0, 0);  // has no text yet
-  EXPECT_EQ(record_of(Option()), R"(("", 1, "", 0, false, 0, 0, {}))");
-}
-
 }  // namespace norq
