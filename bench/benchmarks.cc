@@ -29,12 +29,12 @@ const Workload& workload_of(std::size_t options, std::size_t settings) {
 }
 
 template <class Measure>
-void add(const std::string& name, const std::string& kind, Measure measure) {
+void add(const std::string& name, const std::string& size_set, Measure measure) {
   auto* const added = benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
     measure(state, workload_of(state.range(0), state.range(1)));
   });
   added->Unit(benchmark::kMicrosecond);
-  for (const auto& sizes : sizes_of.at(kind)) added->Args(sizes);
+  for (const auto& sizes : sizes_of.at(size_set)) added->Args(sizes);
 }
 
 void add_peer(const Peer& peer, const std::string& measure) {

@@ -73,7 +73,8 @@ with open(document, "w") as out:
             "of each. The bare table shows the least memory access that this work needs: "
             "it fills a `std::unordered_map` with records of name, help text and value, finds each "
             "record twice by name and destroys the map. Beyond 10000, the options do not fit into "
-            "the processor's caches, so each step of a lookup (bucket, node, key) waits for memory.",
+            "the processor's caches, so each step of a lookup (bucket, node, key) waits for "
+            "memory.",
             ["N = A", "norq", "bare table", "norq / bare table"],
             *([n, growth("norq", n), growth("std", n), ratio("growth", (n, n), "std")]
               for n, _ in sorted(times["growth"])))
