@@ -11,9 +11,9 @@ set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 
 set(norq_description
-    "norq reads the options of a C++17 program from its command line, from
-configuration files and from calls, converts and checks the values, and
-prints the help listing.
+    "norq sets the options of a C++17 program from its command line, from
+configuration files and from function calls, checks and converts the
+values, and prints the help.
 
 This package contains")
 get_target_property(norq_soversion norq SOVERSION)
@@ -35,7 +35,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${norq_runtime_package} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
     "options of command-line programs - development files
-${norq_description} what is needed to build programs with norq: the
+${norq_description} the files for building programs with norq: the
 headers, the CMake package and the pkg-config file.")
 
 # Debian requires the licence and the change log of every package.
