@@ -44,5 +44,6 @@ try ./by_pkg_config
 version=$(pkg-config --modversion norq)
 library=$(find moved -name "libnorq.so.$version")
 objdump -p "$library" | grep "SONAME *libnorq.so.${version%.*}\$"
-public='((typeinfo|typeinfo name|vtable) for )?norq::(Exception|Option|OptionParser|hsh|str)\b'
+tools='check_range|exclude_options|explain|get_|is_given|parse_|require_options|set_default|try_|write_'
+public="((typeinfo|typeinfo name|vtable) for )?norq::(Exception|Option|OptionParser|hsh|str|$tools)"
 ! nm -DC --defined-only "$library" | cut -c 20- | grep -vE "^$public" || exit 1

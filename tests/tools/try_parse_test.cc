@@ -16,7 +16,7 @@ TEST(TryParse, ReportsWhatWasThrown) {
   failing_allocations = INT_MAX;
   EXPECT_FALSE(try_parse_config_file(options, "missing", 0, &message));
   failing_allocations = 0;
-  EXPECT_EQ(message, "");
+  EXPECT_EQ(message, std::bad_alloc().what());
 }
 
 }  // namespace norq
