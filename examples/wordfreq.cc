@@ -59,7 +59,8 @@ static void run(OptionParser& options, int argc, char** argv) {
     return options.print_help(std::cout, "Usage: wordfreq [options] [file ...]",
                               OptionPrintOrder(order), OptionPrintStyle(style));
   }
-  check_range(options, "min_percent", 0, 100);
+  constexpr double most_percent = 100;
+  check_range(options, "min_percent", 0, most_percent);
   int shell = 0;
   if (options.get_int_option("completion", &shell)) {
     return write_completion(options, "wordfreq", CompletionShell(shell), std::cout);

@@ -34,7 +34,7 @@ bool read(std::string text, double* out, bool* fits) {
 // With the fewest digits that read back the same, in any locale.
 template <class Number>
 std::string to_text(Number number) {
-  std::array<char, 32> buffer = {};
+  std::array<char, 32> buffer = {};  // NOLINT(readability-magic-numbers)
   std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
   return buffer.data();
 }
@@ -77,22 +77,24 @@ bool get_double_option(const OptionParser& options, const std::string& key, doub
 
 void check_range(const OptionParser& options, const std::string& key, double low, double high) {
   float real = 0;
-  int integer = 0;
+  if (options.get_float_option(key, &real)) {
+    // A text such as 0.1 is stored as the nearest float, so the bound 0.1 has to be that, too.
+    if (static_cast<float>(low) <= real && real <= static_cast<float>(high)) return;
+    throw out_of_range(key, to_text(real), low, high);
+  }
   OptionType type = OPT_ENUM;
-  const bool is_real = options.get_float_option(key, &real);
-  const bool is_integer =
-      options.has_option(key, &type) && type != OPT_ENUM && options.get_int_option(key, &integer);
-  if (!is_real && !is_integer) return;
-  const double number = is_real ? static_cast<double>(real) : integer;
-  if (low <= number && number <= high) return;
-  throw out_of_range(key, is_real ? to_text(real) : to_text(integer), low, high);
+  int integer = 0;
+  if (!options.has_option(key, &type) || type == OPT_ENUM) return;
+  if (!options.get_int_option(key, &integer) || (low <= integer && integer <= high)) return;
+  throw out_of_range(key, to_text(integer), low, high);
 }
 
 void require_options(const OptionParser& options, const std::vector<std::string>& keys) {
   for (const std::string& key : keys) {
     const Option* const option = find_option(options, key);
     if (option != nullptr && option->is_set) continue;
-    throw Exception("required option is not set: ", true) << (option ? option->name : key);
+    throw Exception("required option is not set: ", true)
+        << (option == nullptr ? key : option->name);
   }
 }
 

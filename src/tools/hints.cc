@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -16,7 +17,7 @@ struct RejectedSetting {
   bool is_unknown;  // no option has the name; otherwise its form or value was rejected
   std::string name;
   std::string value;
-  std::string_view sign = "";  // of arguments that are not negated
+  std::string_view sign = {};  // of arguments that are not negated
   OptionBoolStyle style = BOOL_STYLE_VALUE;
   bool negated = false;
 };
@@ -56,8 +57,19 @@ std::optional<RejectedSetting> read_reason(const OptionParser& options, std::str
   return RejectedSetting{is_unknown, std::string(name), std::string(value)};
 }
 
-// Where a name of at most 64 bytes has each byte: bit i is set if byte i from its end is this one.
-using Matches = std::array<std::uint64_t, 256>;
+constexpr std::size_t longest_name = 64;  // bits of a mask
+
+// Where a name has each byte: bit i is set if byte i from its end is this one.
+using Matches = std::array<std::uint64_t, std::size_t{UCHAR_MAX} + 1>;
+
+Matches matches_of(std::string_view name) {
+  Matches matches = {};
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const std::uint64_t bit = std::uint64_t{1} << (name.size() - 1 - i);
+    matches.at(static_cast<unsigned char>(name[i])) |= bit;
+  }
+  return matches;
+}
 
 // The edit distance from a name of `size` bytes, or any number above `limit` if it is greater. By
 // the algorithm of H. Hyyrö, "A Bit-Vector Algorithm for Computing Levenshtein and Damerau Edit
@@ -112,40 +124,55 @@ std::string form(const RejectedSetting& setting, std::string_view name, OptionTy
   return text;
 }
 
-std::string unknown_hint(const OptionParser& options, RejectedSetting setting) {
-  if (setting.name.rfind("-", 0) == 0) {  // "--name" is meant as "-name"
-    setting.name.erase(0, setting.name.find_first_not_of('-'));
-    setting.negated = setting.style == BOOL_STYLE_NO_PREFIX && setting.name.rfind("no_", 0) == 0;
-    if (setting.negated) setting.name.erase(0, 3);
-  }
+// "--name" is meant as "-name".
+void drop_further_dashes(RejectedSetting* setting) {
+  std::string& name = setting->name;
+  if (name.rfind('-', 0) != 0) return;
+  name.erase(0, name.find_first_not_of('-'));
+  setting->negated = setting->style == BOOL_STYLE_NO_PREFIX && name.rfind("no_", 0) == 0;
+  if (setting->negated) name.erase(0, 3);
+}
+
+// The types of the nearest names, by distance and name.
+using NearestNames = std::map<std::pair<std::size_t, std::string_view>, OptionType>;
+
+constexpr std::size_t most_names = 3;
+constexpr std::size_t most_edits = 3;
+
+NearestNames nearest_names(const OptionParser& options, const RejectedSetting& setting) {
   const std::string_view written = setting.name;
-  std::map<std::pair<std::size_t, std::string_view>, OptionType> nearest;  // by distance and name
-  Matches matches = {};
-  if (written.size() > 64) return "";
-  for (std::size_t i = 0; i < written.size(); ++i) {
-    matches[static_cast<unsigned char>(written[i])] |= std::uint64_t{1} << (written.size() - 1 - i);
-  }
+  const Matches matches = matches_of(written);
+  NearestNames nearest;
   for (const auto& [key, option] : options.get_options()) {
     const std::string& name = setting.sign.empty() ? key : option.name;
     if (!is_type(option.type)) continue;
+    if (setting.style == BOOL_STYLE_NO_PREFIX && name.rfind("no_", 0) == 0) continue;
     const auto [shorter, longer] = std::minmax({written.size(), name.size()});
-    std::size_t limit = std::clamp<std::size_t>(longer / 3, 1, 3);
-    if (nearest.size() == 3) limit = std::min(limit, nearest.rbegin()->first.first);
+    std::size_t limit = std::clamp<std::size_t>(longer / 3, 1, most_edits);
+    if (nearest.size() == most_names) limit = std::min(limit, nearest.rbegin()->first.first);
     if (shorter == 0 || longer == 1 || longer - shorter > limit) continue;
     const auto missing = std::count_if(name.begin(), name.end(), [&](char byte) {
-      return matches[static_cast<unsigned char>(byte)] == 0;
+      return matches.at(static_cast<unsigned char>(byte)) == 0;
     });
     if (static_cast<std::size_t>(missing) > limit) continue;  // each of them needs an edit
-    if (setting.style == BOOL_STYLE_NO_PREFIX && name.rfind("no_", 0) == 0) continue;
     const std::size_t distance = edit_distance(matches, written.size(), name, limit);
     if (distance <= limit) nearest.try_emplace({distance, name}, option.type);
-    if (nearest.size() > 3) nearest.erase(std::prev(nearest.end()));
+    if (nearest.size() > most_names) nearest.erase(std::prev(nearest.end()));
   }
+  return nearest;
+}
+
+std::string unknown_hint(const OptionParser& options, RejectedSetting setting) {
+  drop_further_dashes(&setting);
+  if (setting.name.size() > longest_name) return "";
   std::string hint;
-  for (const auto& [place, type] : nearest) {
+  for (const auto& [place, type] : nearest_names(options, setting)) {
     hint += hint.empty() ? "did you mean " : " or ";
-    hint +=
-        setting.sign.empty() ? place.second : form(setting, place.second, type, setting.negated);
+    if (setting.sign.empty()) {
+      hint += place.second;
+    } else {
+      hint += form(setting, place.second, type, setting.negated);
+    }
   }
   return hint.empty() ? hint : hint + "?";
 }
@@ -157,8 +184,7 @@ std::string rejected_hint(const OptionParser& options, const RejectedSetting& se
   });
   if (found == table.end() || !is_type(found->second.type)) return "";
   const Option& option = found->second;
-  const std::string form_hint =
-      "write " + form(setting, setting.name, option.type, setting.negated);
+  std::string form_hint = "write " + form(setting, setting.name, option.type, setting.negated);
   if (option.type == OPT_BOOL && setting.style != BOOL_STYLE_VALUE && !setting.negated) {
     return form_hint + " or " + form(setting, setting.name, OPT_BOOL, true);
   }
@@ -171,8 +197,9 @@ std::string rejected_hint(const OptionParser& options, const RejectedSetting& se
     }
   }
   if (accepted.empty()) return "";
-  if (!setting.value.empty())
+  if (!setting.value.empty()) {
     return std::string(setting.sign) + setting.name + " takes " + accepted;
+  }
   const bool is_choice = option.type == OPT_BOOL || option.type == OPT_ENUM;
   return is_choice ? form_hint + ", " + accepted : form_hint;
 }

@@ -77,15 +77,19 @@ std::size_t bucket_count_for(std::size_t wanted) noexcept {
 
 std::uint64_t hash<std::string>::operator()(std::string_view key) const noexcept {
   key = key.substr(0, key.find('\0'));
-  const auto byte = [&](std::size_t i) { return std::int64_t{static_cast<signed char>(key[i])}; };
+  const auto byte = [&](std::size_t index) {
+    return static_cast<std::uint64_t>(std::int64_t{static_cast<signed char>(key[index])});
+  };
+  constexpr std::uint64_t factor = 5;
+  constexpr std::uint64_t square = factor * factor;
   std::uint64_t h = 0;
-  std::size_t i = 0;
+  std::size_t index = 0;
   // Four bytes at a time: of four multiplications, only one needs the result of the previous round.
-  for (; i + 4 <= key.size(); i += 4) {
-    const std::int64_t four = 125 * byte(i) + 25 * byte(i + 1) + 5 * byte(i + 2) + byte(i + 3);
-    h = h * 625 + static_cast<std::uint64_t>(four);
+  for (; index + 4 <= key.size(); index += 4) {
+    h = h * (square * square) + byte(index) * (square * factor) + byte(index + 1) * square +
+        byte(index + 2) * factor + byte(index + 3);
   }
-  for (; i < key.size(); ++i) h = h * 5 + static_cast<std::uint64_t>(byte(i));
+  for (; index < key.size(); ++index) h = h * factor + byte(index);
   return h;
 }
 

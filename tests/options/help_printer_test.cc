@@ -8,7 +8,6 @@ TEST(HelpPrinter, ListsByGroupWithIndentedTexts) {
   OptionParser parser(BOOL_STYLE_NO_PREFIX, false);
   parser.add_option("verbosity", OPT_UINT, "Verbosity level of the diagnostic output.");
   parser.set_cur_help_group("Search");
-  parser.add_option("restarts", OPT_BOOL, "Enable restarts.");
   parser.add_option("strategy", OPT_ENUM, "Search strategy.");
   parser.add_enum_value("strategy", "full", 1, "complete, slower");
   parser.add_enum_value("strategy", "fast", 2, "quick, incomplete");
@@ -20,8 +19,6 @@ TEST(HelpPrinter, ListsByGroupWithIndentedTexts) {
           Verbosity level of the diagnostic output.
 
 Search
- -[no_]restarts
-          Enable restarts.
  -strategy=ENUM
           Search strategy.
           Possible values:
@@ -41,15 +38,12 @@ TEST(HelpPrinter, Orders) {
   parser.add_option("d", OPT_BOOL, "deprecated");
   parser.add_option("B", OPT_STR, "Deprecated");
   parser.add_option("c", OPT_ENUM, "deprecated");
-  parser.add_enum_value("c", "value", 1, "");
   parser.get_option("c")->type = OptionType(7);
   parser.add_option("a", OPT_BOOL, "deprecated");
   const std::string e = " -\xe9=STR\tdeprecated\nb\n", d = " (+|-)d\n", c = " -c\n",
                     G = " -G=ENUM\t\nPossible values:\n- value : text\n",
                     B = " -B=STR\tDeprecated\n", a = " (+|-)a\n";
-  const std::string heading("a\0b", 3);
-  EXPECT_EQ(help_of(parser, PRINT_ORDER_INDEX, PRINT_STYLE_TAB, heading),
-            heading + "\n" + e + G + d + B + c + a);
+  EXPECT_EQ(help_of(parser, PRINT_ORDER_INDEX, PRINT_STYLE_TAB), e + G + d + B + c + a);
   EXPECT_EQ(help_of(parser, PRINT_ORDER_NAME, PRINT_STYLE_TAB), B + G + a + c + d + e);
   EXPECT_EQ(help_of(parser, PRINT_ORDER_TYPE_INDEX, PRINT_STYLE_TAB), d + a + e + B + G + c);
   EXPECT_EQ(help_of(parser, PRINT_ORDER_TYPE_NAME, PRINT_STYLE_TAB), a + d + B + e + G + c);

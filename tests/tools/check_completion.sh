@@ -28,13 +28,12 @@ for line in "${lines[@]}"; do
   fish --no-config -c 'eval $fish_script; complete -C $argv' "$line" >>.fish
 done
 
-word='-\$\(touch\ hit\)\`touch\ hit\`\'\''\;touch\ hit\;\'\''\"\\\|\&\*:ä'
+text='\$\(touch\ hit\)\`touch\ hit\`\'\''\;touch\ hit\;\'\''\"\\\|\&\*:ä'
 for shell in .bash .zsh; do
-  printf 'cmd %s\n' '-fold ' '-mode=' '-mode=fast ' "-mode=${word#-} " '-max=f' '-mask=file.txt ' \
-    "$word=" 'file.txt ' | diff - "$shell"
+  printf 'cmd %s\n' '-fold ' '-mode=' '-mode=fast ' "-mode=$text " '-max=f' '-mask=file.txt ' \
+    "-$text=" 'file.txt ' | diff - "$shell"
 done
-word=$(eval "echo $word")
-text=${word#-}
+text=$(eval "echo $text")
 printf '%s\n' "-fold	$text  ." "-mode=	How" "-mode=fast	$text" "-mode=$text	$text" \
-  '-mask=file.txt' "$word=" 'file.txt' | diff - .fish
+  '-mask=file.txt' "-$text=" 'file.txt' | diff - .fish
 [ "$(ls)" = file.txt ]

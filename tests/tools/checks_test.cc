@@ -51,6 +51,7 @@ TEST(Checks, OfOptionsThatAreSet) {
   EXPECT_EQ(check(exclude_options, Strings{"f", "i"}),
             "options exclude each other: F, I; " + values);
   EXPECT_EQ(check(check_range, "i", -3, -3), values);
+  EXPECT_EQ(check(check_range, "f", 0, 0.1), values);
   EXPECT_EQ(check(check_range, "f", 2, 3), "value out of range 2 to 3: f, value: 0.1; " + values);
 }
 

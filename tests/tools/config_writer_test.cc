@@ -94,11 +94,4 @@ TEST(ConfigWriter, WhatIsWrittenIsReadBackAndTheRestIsLeftOut) {
   }
 }
 
-TEST(ConfigWriter, WritesNothingWhenOutOfMemory) {
-  const SampleParser options;
-  const auto make = [] { return std::ofstream("/dev/full"); };  // cannot flush what is written
-  const auto write = [&](auto& full) { write_config(options, full, true); };
-  run_out_of_memory(make, write, [](auto& full) { EXPECT_TRUE(full.flush()); });
-}
-
 }  // namespace norq

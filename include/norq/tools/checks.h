@@ -7,7 +7,7 @@
 
 #include "norq/options/option_parser.h"
 
-/// Checks that parsing cannot make. The value of a default counts like any other.
+/// Checks that parsing cannot make. An option with a default (`set_default`) counts as set.
 namespace norq {
 
 ///@{
@@ -25,7 +25,9 @@ bool get_double_option(const OptionParser& options, const std::string& key, doub
 ///@}
 
 /// Throws the same "value out of range LOW to HIGH" for the value of an OPT_INT, OPT_UINT or
-/// OPT_FLOAT option. Options of other types, and those not set, pass.
+/// OPT_FLOAT option. For an OPT_FLOAT the bounds are rounded to `float`, as its value is. Integers
+/// beyond `int` were saturated, so only a bound inside `int` rejects them. Does nothing if the
+/// option is not registered, not set or of another type.
 void check_range(const OptionParser& options, const std::string& key, double low, double high);
 
 /// Throws `Exception` "required option is not set: NAME" for the first key that is not set. NAME is
@@ -33,7 +35,7 @@ void check_range(const OptionParser& options, const std::string& key, double low
 void require_options(const OptionParser& options, const std::vector<std::string>& keys);
 
 /// Throws `Exception` "options exclude each other: NAME, NAME" for the first two options that are
-/// set. Keys that are not registered, or stand there twice, do not count.
+/// set, if only by a default. Keys that are not registered or were listed before are ignored.
 void exclude_options(const OptionParser& options, const std::vector<std::string>& keys);
 
 }  // namespace norq

@@ -13,7 +13,8 @@ enum CompletionShell : int { COMPLETION_BASH, COMPLETION_ZSH, COMPLETION_FISH };
 
 /// Writes a script that completes the arguments of the command `program`, and flushes `out`. Bash
 /// and zsh users source it (`source <(greet -completion=zsh)`, in zsh after `compinit`), fish users
-/// save it as "greet.fish" in a folder of completions.
+/// save it as "greet.fish" in a folder of completions. (The program registers such an option
+/// itself.)
 ///
 /// Completes options as the boolean style has them written; after '=' the values of enumerations
 /// and booleans, and file names for an OPT_STR; file names in place of an argument that is not an
@@ -23,8 +24,8 @@ enum CompletionShell : int { COMPLETION_BASH, COMPLETION_ZSH, COMPLETION_FISH };
 /// cannot reach, those under BOOL_STYLE_NO_PREFIX whose names start with "no_", and names and
 /// values that are empty or have control characters.
 ///
-/// Check `out`'s state for write failures. Writes nothing if it throws, or if `shell` is
-/// none of the three.
+/// Takes time in proportion to what it writes. Check `out`'s state for write failures. Writes
+/// nothing if it throws, or if `shell` is none of the three.
 void write_completion(const OptionParser& options, const std::string& program,
                       CompletionShell shell, std::ostream& out);
 

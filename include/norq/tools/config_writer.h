@@ -14,13 +14,16 @@ namespace norq {
 /// change of the help group. `with_unset` adds the other options as comments, with what they accept
 /// ("#width = INT", "#mode = fast|full").
 ///
-/// Of several names for one enumeration code the first is written. A float has the fewest
-/// significant digits that norq reads as the same value, without an exponent.
+/// A default (`set_default`) is a value, and is written too. Of several names for one enumeration
+/// code the first is written. A float has the fewest significant digits that norq reads as the same
+/// value, without an exponent.
 ///
 /// Returns the keys, in registration order, of the options left out because no file can hold them:
 /// keys and texts with a line feed or with white space at either end; keys that start with '#' or
 /// contain '='; texts that end with a backslash; values that are not finite or that the option's
 /// type rejects (only a host can store those, for example a negative OPT_UINT).
+///
+/// Sorts the options; otherwise it takes time in proportion to what it writes.
 ///
 /// If a group's name has a line feed, no group names are written. Calls `print_help`, which may
 /// name unnamed groups. Check `out`'s state for write failures. Writes nothing if it throws.

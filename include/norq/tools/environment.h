@@ -16,6 +16,8 @@ namespace norq {
 ///
 /// Throws `Exception` "invalid environment variable NAME (REASON)" for the first value that is
 /// rejected, with the text of the `error` as REASON. What was applied before that stays.
+///
+/// Sorts the options, and searches the environment once for each.
 void parse_environment(OptionParser& options, const std::string& prefix, int level);
 
 }  // namespace norq
