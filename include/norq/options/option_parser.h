@@ -54,9 +54,9 @@ enum OptionPrintStyle : int {
 /// unchanged, except for settings that a parsing member has already applied. Lookups by key take
 /// constant time on average.
 ///
-/// Only one thread at a time may use a parser; parsers share no state. While a member of a parser
-/// runs, nothing that it calls (a diagnostic hook, an output stream, an `operator<<`) may call a
-/// member of the same parser.
+/// Only one thread at a time may use a parser; parsers share nothing but the diagnostic hook. While
+/// a member of a parser runs, nothing that it calls (a diagnostic hook, an output stream, an
+/// `operator<<`) may call a member of the same parser.
 class OptionParser {
  public:
   class error;
