@@ -20,7 +20,7 @@ cmake -S . -B build/coverage -DCMAKE_BUILD_TYPE=Debug -DNORQ_WARNINGS_AS_ERRORS=
 cmake --build build/coverage --parallel "$(nproc)"
 
 echo "== Running the tests"
-(cd build/coverage && ctest --no-tests=error --output-on-failure --parallel "$(nproc)")
+(cd build/coverage && ctest --no-tests=error --output-on-failure --label-exclude slow --parallel "$(nproc)")
 
 echo "== Coverage"
 # On a line without a condition, all branches are for exceptions.
