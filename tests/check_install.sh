@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs a shared norq, moves it, and builds a program with it by find_package, pkg-config,
-# add_subdirectory and FetchContent. Checks what it exports.
+# Installs a shared norq, moves it, and builds a program with it by find_package, pkg-config and
+# FetchContent. Checks what it exports.
 # Usage: check_install.sh SOURCE_FOLDER
 set -eu -o pipefail
 source=$1
@@ -29,7 +29,6 @@ mv installed moved
 ! grep -rI "$folder" moved || exit 1  # names the folder where it was built
 
 try_with find 'find_package(norq 1.0 REQUIRED)'
-try_with subdirectory "add_subdirectory($source norq)"
 try_with fetch 'include(FetchContent)' "FetchContent_Declare(norq SOURCE_DIR $source)" \
   'FetchContent_MakeAvailable(norq)'
 

@@ -97,7 +97,8 @@ std::optional<std::string> float_text(float value) {
 std::optional<std::string> value_text(const Option& option) {
   switch (option.type) {
     case OPT_BOOL:
-      return option.value.bool_value ? "true" : "false";
+      if (option.value.bool_value) return "true";
+      return "false";
     case OPT_UINT:
     case OPT_INT:
       if (option.type == OPT_UINT && option.value.int_value < 0) break;

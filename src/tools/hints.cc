@@ -201,7 +201,8 @@ std::string rejected_hint(const OptionParser& options, const RejectedSetting& se
     return std::string(setting.sign) + setting.name + " takes " + accepted;
   }
   const bool is_choice = option.type == OPT_BOOL || option.type == OPT_ENUM;
-  return is_choice ? form_hint + ", " + accepted : form_hint;
+  if (is_choice) form_hint.append(", ").append(accepted);
+  return form_hint;
 }
 
 }  // namespace
@@ -214,7 +215,8 @@ std::string explain(const OptionParser& options, const Exception& refusal) {
   if (!setting.has_value()) return text;
   const std::string hint =
       setting->is_unknown ? unknown_hint(options, *setting) : rejected_hint(options, *setting);
-  return hint.empty() ? text : text + " (" + hint + ")";
+  if (!hint.empty()) text.append(" (").append(hint).append(")");
+  return text;
 }
 
 }  // namespace norq

@@ -38,6 +38,7 @@ TEST(Checks, OfOptionsThatAreSet) {
   OptionParser options(BOOL_STYLE_VALUE, false);
   options.add_option("f", "F", OPT_FLOAT, "");
   options.add_option("i", "I", OPT_INT, "");
+  options.add_option("e", OPT_ENUM, "");
   const auto check = [&](auto function, const auto&... arguments) {
     return outcome_of(options, [&] { function(options, arguments...); });
   };
@@ -50,7 +51,8 @@ TEST(Checks, OfOptionsThatAreSet) {
   EXPECT_EQ(check(require_options, Strings{"x"}), "required option is not set: x; " + values);
   EXPECT_EQ(check(exclude_options, Strings{"f", "i"}),
             "options exclude each other: F, I; " + values);
-  EXPECT_EQ(check(check_range, "i", -3, -3), values);
+  for (const char* const key : {"i", "e", "x"}) EXPECT_EQ(check(check_range, key, -3, -3), values);
+  EXPECT_EQ(check(check_range, "i", 0, 1), "value out of range 0 to 1: i, value: -3; " + values);
   EXPECT_EQ(check(check_range, "f", 0, 0.1), values);
   EXPECT_EQ(check(check_range, "f", 2, 3), "value out of range 2 to 3: f, value: 0.1; " + values);
 }

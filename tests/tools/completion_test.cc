@@ -26,13 +26,13 @@ TEST(Completion, WordsOfEachBoolStyle) {
     options.add_option("b", OPT_BOOL, "");
     for (const char* const key : {"f", "no_f", "f="}) options.add_option(key, OPT_FLAG, "");
     options.add_option("i", OPT_INT, "");
-    const std::string script = script_of(options, "p", COMPLETION_BASH);
+    const std::string script = script_of(options, "@[`{/:Zz9", COMPLETION_BASH);
     std::string words;
     for (std::size_t i = 0; (i = script.find("\n    '", i)) != std::string::npos; ++i) {
       words += script.substr(i + 5, script.find('\'', i + 6) - i - 4) + " ";
     }
     EXPECT_EQ(words, expected);
-    EXPECT_EQ(script_of(options, "p", 3) + script_of(options, "p", -1), "");
+    EXPECT_EQ(script_of(options, "@[`{/:Zz9", 3) + script_of(options, "p", -1), "");
   }
 }
 

@@ -24,6 +24,9 @@ TEST(ConfigWriter, WritesForReadersAndLeavesOutWhatNoFileCanHold) {
   options.parse_option("shade", "red", 0);
   options.parse_option("limit", "-007", 0);
   options.parse_option("ratio", "00.10000000149011612", 0);
+  // 2^87, below which floats lie closer together. 15474250... reads as the next one down.
+  options.add_option("large", OPT_FLOAT, "");
+  options.parse_option("large", "154742504910672534362390528", 0);
   const Strings left_out = {"uint", "code", "-1", "-0", "inf", "nan"};
   for (const std::string& key : left_out) {
     options.add_option(key, key == "uint" ? OPT_UINT : key == "code" ? OPT_ENUM : OPT_FLOAT, "");
@@ -57,6 +60,8 @@ shade = blue
 ## Late
 
 limit = -7
+
+large = 154742510000000000000000000
 )");
 }
 
