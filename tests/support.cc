@@ -1,5 +1,3 @@
-// Replaces what allocates memory, and the diagnostic hook.
-
 #include "support.h"
 
 #include <cstdlib>

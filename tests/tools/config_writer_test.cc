@@ -23,6 +23,7 @@ TEST(ConfigWriter, WritesForReadersAndLeavesOutWhatNoFileCanHold) {
   for (const char* const key : {"dump", "out"}) options.parse_option(key, "", 0);
   options.parse_option("shade", "red", 0);
   options.parse_option("limit", "-007", 0);
+  options.parse_option("verbose", "true", 0);
   options.parse_option("ratio", "00.10000000149011612", 0);
   // 2^87, below which floats lie closer together. 15474250... reads as the next one down.
   options.add_option("large", OPT_FLOAT, "");
@@ -36,7 +37,7 @@ TEST(ConfigWriter, WritesForReadersAndLeavesOutWhatNoFileCanHold) {
   options.get_option("uint")->value.int_value = -1;
   std::ostringstream out;
   EXPECT_EQ(write_config(options, out, true), left_out);
-  EXPECT_EQ(out.str(), R"(#verbose = true|false
+  EXPECT_EQ(out.str(), R"(verbose = true
 
 #size = INT
 

@@ -35,6 +35,7 @@ TEST(Hints, SayHowToWriteAnOption) {
       {no_prefix, "verbose", " (verbose takes true or false)"},
       {no_prefix, "count", " (count takes an integer, such as -7)"},
       {no_prefix, "(unknown option: szie, value: )", " (did you mean size?)"},
+      {no_prefix, "(unknown option: szie", ""},
       {no_prefix, "(bad value for option: dump, value:  (unknown option: )", " (write dump=)"},
       {no_prefix, "(bad value for option: a, value: b, value: ?)", " (write a, value: b=)"},
       {no_prefix, "-vrebsoe", " (did you mean -verbose?)"},

@@ -7,7 +7,8 @@
 
 #include "norq/options/option_parser.h"
 
-/// Checks that parsing cannot make. An option with a default (`set_default`) counts as set.
+/// Checks that parsing cannot make. An option with a default (`set_default`) counts as set. The
+/// library needs `std::to_chars` for floating-point numbers (libstdc++ 11, libc++ 14).
 namespace norq {
 
 ///@{
