@@ -213,8 +213,9 @@ std::string explain(const OptionParser& options, const Exception& refusal) {
   const std::optional<RejectedSetting> setting =
       error == nullptr ? read_reason(options, text) : read_error(options, *error, text);
   if (!setting.has_value()) return text;
+  const RejectedSetting& rejected = *setting;
   const std::string hint =
-      setting->is_unknown ? unknown_hint(options, *setting) : rejected_hint(options, *setting);
+      rejected.is_unknown ? unknown_hint(options, rejected) : rejected_hint(options, rejected);
   if (!hint.empty()) text.append(" (").append(hint).append(")");
   return text;
 }
