@@ -7,7 +7,7 @@
 
 int main() {
   norq::OptionParser options(norq::BOOL_STYLE_NO_PREFIX, false);
-  options.add_option("verbose", norq::OPT_BOOL, "Tell what is done.");
+  options.add_option("verbose", norq::OPT_BOOL, "Report each step.");
   options.set_cur_help_group("Output");
   options.add_option("width", norq::OPT_UINT, "Columns of the output; 80 if not given.");
   options.add_option("format", norq::OPT_ENUM,
@@ -22,8 +22,8 @@ int main() {
   const std::map<norq::OptionPrintOrder, std::string> orders = {
       {norq::PRINT_ORDER_INDEX, "as registered"},
       {norq::PRINT_ORDER_NAME, "by name"},
-      {norq::PRINT_ORDER_TYPE_INDEX, "by kind, as registered"},
-      {norq::PRINT_ORDER_TYPE_NAME, "by kind and name"},
+      {norq::PRINT_ORDER_TYPE_INDEX, "by type, as registered"},
+      {norq::PRINT_ORDER_TYPE_NAME, "by type and name"},
       {norq::PRINT_ORDER_GROUP_NAME, "by group and name"}};
   const std::map<norq::OptionPrintStyle, std::string> styles = {
       {norq::PRINT_STYLE_TAB, "for other programs"},

@@ -49,6 +49,6 @@ int main(int argc, char** argv) {
   }
   for (const Known& known : table) {
     const bool given = options.get_option(known.key)->level == 0;
-    std::cout << known.key << " = " << text_of(options, known) << (given ? "\n" : " (preset)\n");
+    std::cout << known.key << " = " << text_of(options, known) << (given ? "\n" : " (default)\n");
   }
 }
