@@ -20,6 +20,7 @@ TEST(CommandLine, AnArgumentSetsAnOptionOrRemainsOrIsAnError) {
   EXPECT_EQ(apply(BOOL_STYLE_NO_PREFIX, {"-verbose=1"}), "bad option format: verbose, value: 1");
   EXPECT_EQ(apply(BOOL_STYLE_NO_PREFIX, {"-no_count=3"}), "bad option format: count, value: 3");
   EXPECT_EQ(apply(BOOL_STYLE_NO_PREFIX, {"-no"}), "unknown option: no, value: ");
+  EXPECT_EQ(apply(BOOL_STYLE_NO_PREFIX, {"-no_"}), "unknown option: , value: ");
   EXPECT_EQ(apply(BOOL_STYLE_PLUS_MINUS, {"+verbose", "-no_log", "+count=3"}),
             "count = 3; no_log = false; verbose = true");
   EXPECT_EQ(apply(BOOL_STYLE_PLUS_MINUS, {"-count=3"}), "bad option format: count, value: 3");

@@ -22,6 +22,7 @@ TEST(HandleOption, ConvertsTheTextsThatTheTypeAccepts) {
   EXPECT_EQ(value_of(OPT_FLOAT, "1" + std::string(39, '0')), "o = inf");
   EXPECT_EQ(value_of(OPT_FLOAT, "." + std::string(44, '0') + "1"), "o = 1.40129846e-45");
   EXPECT_EQ(value_of(OPT_FLOAT, std::string(20, '0') + "1.5"), "o = 1.5");
+  EXPECT_EQ(value_of(OPT_FLOAT, ".0009765625"), "o = 0.0009765625");         // 2^-10
   EXPECT_EQ(value_of(OPT_FLOAT, ".000030517578125"), "o = 3.05175781e-05");  // 2^-15
   EXPECT_EQ(value_of(OPT_FLOAT, "730258.03125"), "o = 730258");            // halfway to 730258.0625
   EXPECT_EQ(value_of(OPT_FLOAT, "9007200.500000001"), "o = 9007201");      // above half
@@ -67,6 +68,7 @@ TEST(HandleOption, TheSmallerLevelWinsAndThenTheLaterValue) {
             "bad value for option: verbose, value: x; out = c; verbose = true");
   EXPECT_EQ(set("empty", "", 1), "bad value for option: empty, value: ; out = c; verbose = true");
   EXPECT_EQ(set("absent", "y", 1), "unknown option: absent, value: y; out = c; verbose = true");
+  EXPECT_EQ(parser.get_option("verbose")->level, INT_MIN);
 }
 
 }  // namespace norq

@@ -1,22 +1,20 @@
-#include <sstream>
-
 #include "../support.h"
 
 namespace norq {
 
 TEST(HelpPrinter, ListsByGroupWithIndentedTexts) {
   OptionParser parser(BOOL_STYLE_NO_PREFIX, false);
-  parser.add_option("verbosity", OPT_UINT, "Verbosity level of the diagnostic output.");
+  parser.add_option("verbose", OPT_BOOL, "Print diagnostic output.");
   parser.set_cur_help_group("Search");
+  parser.add_option("time_limit", OPT_FLOAT,
+                    "Stop after this many seconds; zero means that no limit applies to a search.");
   parser.add_option("strategy", OPT_ENUM, "Search strategy.");
   parser.add_enum_value("strategy", "full", 1, "complete, slower");
   parser.add_enum_value("strategy", "fast", 2, "quick, incomplete");
-  parser.add_option("time_limit", OPT_FLOAT,
-                    "Stop after this many seconds; zero means that no limit applies to a search.");
   EXPECT_EQ(help_of(parser, PRINT_ORDER_GROUP_NAME, PRINT_STYLE_INDENTED, "Options:"), R"(Options:
 
- -verbosity=INT
-          Verbosity level of the diagnostic output.
+ -[no_]verbose
+          Print diagnostic output.
 
 Search
  -strategy=ENUM

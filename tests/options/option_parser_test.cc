@@ -43,6 +43,7 @@ TEST(OptionParser, AResetForgetsAllButTheStyles) {
     parser->add_option("a", OPT_BOOL, "");
     parser->set_cur_help_group("H");
     parser->add_option("b", OPT_BOOL, "");
+    parser->get_option("a")->group = 2;  // has no name
     Strings remaining;
     parse_args(*parser, {"+a", "+old"}, &remaining);
     EXPECT_EQ(remaining, Strings{"+old"});
@@ -57,8 +58,8 @@ TEST(OptionParser, GettersWriteNothingUnlessTheOptionIsSet) {
   std::string text = "before";
   EXPECT_FALSE(parser.get_int_option("count", &number) || parser.get_str_option("out", &text));
   EXPECT_TRUE(!parser.get_flag_option("absent") && number == 1 && text == "before");
-  EXPECT_TRUE(!parser.has_option("absent", &type) && type == OPT_ENUM);
-  EXPECT_TRUE(parser.has_option("dump", &type) && type == OPT_FLAG);
+  EXPECT_TRUE(parser.has_option("out", nullptr) && !parser.has_option("absent", &type));
+  EXPECT_TRUE(type == OPT_ENUM && parser.has_option("dump", &type) && type == OPT_FLAG);
   parser.get_option("out")->is_set = true;  // by hand, without a value
   EXPECT_TRUE(parser.get_flag_option("out") && parser.get_bool_style() == BOOL_STYLE_VALUE);
   EXPECT_EQ(outcome_of(parser, [] {}), "out =");

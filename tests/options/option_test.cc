@@ -16,7 +16,7 @@ std::unique_ptr<OptionParser> make_parser(int type, int number) {
 }
 
 TEST(Option, ACopyHasAllFieldsAndSharesNone) {
-  EXPECT_EQ(Option(Option("o", OPT_STR, "", 0, 0)).value.str_value, nullptr);
+  EXPECT_EQ(std::vector<Option>(1, {"o", OPT_STR, "", 0, 0}).front().value.str_value, nullptr);
   for (int type = OPT_BOOL; type <= OPT_ENUM; ++type) {
     for (int old_type = OPT_BOOL; old_type <= OPT_ENUM; ++old_type) {
       SCOPED_TRACE(testing::Message() << "type " << type << " replaces type " << old_type);

@@ -19,6 +19,7 @@ enum CompletionShell : int { COMPLETION_BASH, COMPLETION_ZSH, COMPLETION_FISH };
 /// Completes options as the boolean style has them written; after '=' the values of enumerations
 /// and booleans, and file names for an OPT_STR; file names in place of an argument that is not an
 /// option. zsh and fish show the first lines of help texts, with spaces for control characters.
+/// Options whose help text is "deprecated" are completed, too.
 ///
 /// The shell executes no byte of a name, value or text. Left out are options that the command line
 /// cannot reach, those under BOOL_STYLE_NO_PREFIX whose names start with "no_", and names and

@@ -17,7 +17,8 @@ namespace norq {
 /// Throws `Exception` "invalid environment variable NAME (REASON)" for the first value that is
 /// rejected, with the text of the `error` as REASON. What was applied before that stays.
 ///
-/// Sorts the options, and searches the environment once for each.
+/// Sorts the options, and searches the environment once for each. No other thread may change the
+/// environment meanwhile (`std::getenv`).
 void parse_environment(OptionParser& options, const std::string& prefix, int level);
 
 }  // namespace norq

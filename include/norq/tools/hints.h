@@ -9,7 +9,8 @@ namespace norq {
 
 /// Returns the text of an error, followed by a hint in parentheses if there is something to add.
 /// `options` threw the error: an `OptionParser::error`, or an `Exception` whose text ends with the
-/// text of `parse_option`'s in parentheses, such as those of `parse_config_file`.
+/// text of `parse_option`'s in parentheses, such as those of `parse_config_file`. The hint is about
+/// the options that are registered now.
 ///
 /// After an unknown name: "did you mean -width=INT?", or without sign and type for a key. At most
 /// three names, nearest first, then byte-wise. Inserting, deleting or replacing a byte and
