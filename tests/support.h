@@ -121,7 +121,9 @@ void run_out_of_memory(Make make, Act act, Check check) {
       failing_allocations = failures;
       try {
         act(state);
-      } catch (const std::exception&) {
+      } catch (const std::bad_alloc&) {
+        threw = true;
+      } catch (const Exception&) {
         threw = true;
       }
       failed = std::exchange(failing_allocations, 0) < failures;

@@ -67,7 +67,6 @@ TEST(HandleOption, TheSmallerLevelWinsAndThenTheLaterValue) {
   EXPECT_EQ(set("verbose", "x", 1),
             "bad value for option: verbose, value: x; out = c; verbose = true");
   EXPECT_EQ(set("empty", "", 1), "bad value for option: empty, value: ; out = c; verbose = true");
-  EXPECT_EQ(set("absent", "y", 1), "unknown option: absent, value: y; out = c; verbose = true");
   EXPECT_EQ(parser.get_option("verbose")->level, INT_MIN);
 }
 

@@ -4,18 +4,14 @@ namespace norq {
 
 TEST(HelpPrinter, ListsByGroupWithIndentedTexts) {
   OptionParser parser(BOOL_STYLE_NO_PREFIX, false);
-  parser.add_option("verbose", OPT_BOOL, "Print diagnostic output.");
   parser.set_cur_help_group("Search");
+  parser.add_option("verbose", OPT_BOOL, "Print diagnostic output.");
   parser.add_option("time_limit", OPT_FLOAT,
                     "Stop after this many seconds; zero means that no limit applies to a search.");
   parser.add_option("strategy", OPT_ENUM, "Search strategy.");
   parser.add_enum_value("strategy", "full", 1, "complete, slower");
   parser.add_enum_value("strategy", "fast", 2, "quick, incomplete");
   EXPECT_EQ(help_of(parser, PRINT_ORDER_GROUP_NAME, PRINT_STYLE_INDENTED, "Options:"), R"(Options:
-
- -[no_]verbose
-          Print diagnostic output.
-
 Search
  -strategy=ENUM
           Search strategy.
@@ -25,6 +21,8 @@ Search
  -time_limit=FLOAT
           Stop after this many seconds; zero means that no limit applies to a 
           search. 
+ -[no_]verbose
+          Print diagnostic output.
 )");
 }
 

@@ -7,6 +7,8 @@
 
 namespace norq {
 
+/// Call this after registering the option and before reading any source.
+///
 /// Sets the option at the level INT_MAX, so that every other source replaces the value, and appends
 /// "(default: VALUE)", with `value` as it is, to its help text unless that is exactly "deprecated".
 /// Returns false, and changes nothing, if `key` is not registered or the option is set already.
