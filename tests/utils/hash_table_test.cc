@@ -18,7 +18,7 @@ TEST(HashTable, HashesAndBucketCounts) {
   EXPECT_EQ(bucket_count_for(73), 73u);
   EXPECT_EQ(bucket_count_for(4294867388), 4294867387u);
   HashSet<int> set;
-  for (const std::size_t wanted : {32u, 151u, 31u}) set.rehash(wanted);
+  for (const std::size_t wanted : {32u, 150u, 31u}) set.rehash(wanted);
   EXPECT_EQ(set.bucket_count(), 151u);
 }
 
@@ -42,6 +42,7 @@ TEST(HashTable, NodesComeFromGrowingChunksAndTheLastFreedIsReusedFirst) {
   set.clear(false);
   set.do_insert(5, nullptr, nullptr);
   EXPECT_EQ(&*set.find(5)++, &nodes.back()->value);
+  EXPECT_TRUE(set.begin() != set.end() && set.end() == HashSet<int>::iterator());
 }
 
 TEST(ObjectPool, ReusesTheBlockOfAFailedObjectAndRejectsTooLargeChunks) {
