@@ -1,5 +1,5 @@
 // Sets random options by keys and by arguments, lists them in every order and layout,
-// and compares all with a model. Without libFuzzer it runs a fixed number of random inputs.
+// and compares all with a reference model. Without libFuzzer it runs a fixed set of inputs.
 
 #include <algorithm>
 #include <climits>
@@ -57,7 +57,7 @@ struct Input {
   const unsigned char* end;
 };
 
-// A parser and its model. Group 1 is called "Group 1".
+// A parser and its reference model. Group 1 is called "Group 1".
 struct Model : OptionParser {
   Model(OptionBoolStyle style, bool pass) : OptionParser(style, pass), passes(pass) {}
 
@@ -144,7 +144,7 @@ struct Model : OptionParser {
   }
 
   void list(OptionPrintOrder order, OptionPrintStyle layout) {
-    std::vector<std::pair<std::string, const Option*>> elements;  // with what decides the order
+    std::vector<std::pair<std::string, const Option*>> elements;  // with their sort keys
     std::size_t widest = 0;
     for (const auto& [key, option] : get_options()) {
       const std::string index = std::to_string(1000 + option.index);
@@ -220,7 +220,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 int main() {
   std::mt19937 random(2027);
   for (int number = 0; number < 120; ++number) {
-    std::cerr << "input " << number << '\r';  // what a failure prints stands after its number
+    std::cerr << "input " << number << '\r';  // a failure prints after this
     std::vector<unsigned char> bytes(random() % 6000);
     for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(random());
     LLVMFuzzerTestOneInput(bytes.data(), bytes.size());

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the programs that a document shows, runs the commands ("$ ...") of its console blocks, and
 # compares what they print with what it shows. A block that starts with a comment naming a file is
-# that file. The files of examples/data are there, too.
+# that file. The files of examples/data are also available.
 # Usage: check_document.sh DOCUMENT COMPILER FLAG...
 set -u
 folder=$(mktemp -d)

@@ -1,4 +1,4 @@
-// What several test files share.
+// Helpers shared by several test files.
 
 #ifndef NORQ_TESTS_SUPPORT_H
 #define NORQ_TESTS_SUPPORT_H
@@ -16,10 +16,10 @@ namespace norq {
 
 using Strings = std::vector<std::string>;
 
-// The texts that this program's diagnostic hook has been called with, such as "a;b;".
+// The messages passed to this program's diagnostic hook, such as "a;b;".
 inline std::string announced;
 
-// Allocations, by operator new as well as malloc: so many succeed, and then so many fail.
+// How many allocations, by operator new or malloc, succeed, and how many then fail.
 inline int succeeding_allocations = 0;
 inline int failing_allocations = 0;
 
@@ -33,7 +33,7 @@ struct SampleParser : OptionParser {
   }
 };
 
-// Applies these arguments, behind a program's name.
+// Parses these arguments, after a program name.
 inline void parse_args(OptionParser& parser, const Strings& arguments, Strings* remaining,
                        int level = 0) {
   std::vector<const char*> argv = {"-program"};
@@ -81,7 +81,7 @@ std::string outcome_of(const OptionParser& parser, Call call) {
   return out.str();
 }
 
-// All that a host can observe: values, help groups, records in the table's iteration order.
+// All that a program can observe: values, help groups, records in the table's iteration order.
 inline std::string view_of(OptionParser& parser) {
   std::string view = outcome_of(parser, [] {});
   view += help_of(parser, PRINT_ORDER_GROUP_NAME, PRINT_STYLE_TAB);
@@ -93,7 +93,7 @@ inline std::string view_of(OptionParser& parser) {
   return view;
 }
 
-// Expects that twice the input takes at most three times the processor's time.
+// Expects that twice the input takes at most three times the CPU time.
 template <class Run>
 void expect_linear_time(std::size_t size, Run run) {
   std::clock_t best[] = {LONG_MAX, LONG_MAX};
@@ -107,8 +107,8 @@ void expect_linear_time(std::size_t size, Run run) {
 }
 
 // Runs `act` on a new state from `make`, with the first, the second, ... allocation failing, until
-// none fails; and once more with all allocations from that one on failing. Whenever `act` met a
-// failure, it must have thrown, and `check` is called with the state.
+// none fails; then again with that allocation and all later ones failing. If an allocation failed,
+// `act` must have thrown, and `check` is called with the state.
 template <class Make, class Act, class Check>
 void run_out_of_memory(Make make, Act act, Check check) {
   for (const int failures : {1, INT_MAX}) {

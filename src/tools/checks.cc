@@ -11,7 +11,7 @@ namespace norq {
 
 namespace {
 
-// Reads the whole text as a number; false if it is none. `*fits` is false if the number overflows.
+// Reads the whole text as a number; false if it is not one. `*fits` is false if it overflows.
 bool read(const std::string& text, std::int64_t* out, bool* fits) {
   if (text.find_first_not_of("0123456789+-") != std::string::npos) return false;
   char* end = nullptr;
@@ -31,7 +31,7 @@ bool read(std::string text, double* out, bool* fits) {
   return end != text.c_str() && *end == '\0';
 }
 
-// With the fewest digits that read back the same, in any locale.
+// The fewest digits that read back as the same number, in any locale.
 template <class Number>
 std::string to_text(Number number) {
   std::array<char, 32> buffer = {};  // NOLINT(readability-magic-numbers)
@@ -78,7 +78,7 @@ bool get_double_option(const OptionParser& options, const std::string& key, doub
 void check_range(const OptionParser& options, const std::string& key, double low, double high) {
   float real = 0;
   if (options.get_float_option(key, &real)) {
-    // A text such as 0.1 is stored as the nearest float, so the bound 0.1 has to be that, too.
+    // A value such as 0.1 was rounded to the nearest float, so the bounds must be rounded too.
     if (static_cast<float>(low) <= real && real <= static_cast<float>(high)) return;
     throw out_of_range(key, to_text(real), low, high);
   }

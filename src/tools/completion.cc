@@ -11,7 +11,7 @@ namespace norq {
 
 namespace {
 
-// What a shell completes, and what it shows beside it.
+// A word that a shell completes, and the help that it shows next to it.
 struct Word {
   std::string text;
   std::string help;
@@ -75,8 +75,8 @@ Words words_of(const OptionParser& options) {
   return words;
 }
 
-// `text` between single quotes, in which at most these two bytes have a meaning. Each of them is
-// put outside, behind a backslash. All three shells read this alike.
+// `text` in single quotes, where at most these two bytes are special. Each of them is put outside
+// the quotes, after a backslash. All three shells read this the same way.
 std::string quoted(const std::string& text) {
   std::string result = "'";
   for (const char byte : text) {
@@ -90,7 +90,7 @@ std::string bash_word(const Word& word) {
   return "\n    " + quoted(word.text);
 }
 
-// What _describe takes: the word, a colon and the help text, with backslashes.
+// An argument of _describe: the word, a colon and the help text, escaped with backslashes.
 std::string zsh_word(const Word& word) {
   std::string description;
   for (const char byte : word.text) {
@@ -109,13 +109,13 @@ std::string file_word(const Word& word) {
   return " " + quoted(word.text);
 }
 
-// In a script, a name in angle brackets stands for what `write_completion` puts there.
+// In a script, `write_completion` replaces the names in angle brackets.
 struct Shell {
   std::string (*format)(const Word&);
   const char* script;
 };
 
-// Of what bash completes, readline replaces only $2, the part after the last '=' or ':'.
+// When bash completes a word, readline replaces only $2, the part after the last '=' or ':'.
 constexpr Shell bash = {bash_word, R"(<function>() {
   local last_word='([^[:space:]\\]|\\.)*$' candidates=(<names><openers>) candidate
   [[ ${COMP_LINE:0:COMP_POINT} =~ $last_word ]]

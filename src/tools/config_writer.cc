@@ -70,8 +70,8 @@ std::string plain_decimal(std::string digits, int exponent) {
   return digits.insert(digits.size() - fraction_length, ".");
 }
 
-// If any number of so many digits is read as `value`, it is one of the two next to it: the nearest,
-// or the one above or below that. With 17 digits the nearest is.
+// Of the numbers with a given count of digits, only the two next to `value` can be read back as it:
+// the nearest, or the one above or below that. With 17 digits, the nearest always is.
 std::optional<std::string> float_text(float value) {
   if (!std::isfinite(value) || std::signbit(value)) return std::nullopt;
   OptionParser reader(BOOL_STYLE_NO_PREFIX, false);
@@ -119,7 +119,7 @@ std::optional<std::string> value_text(const Option& option) {
   return std::nullopt;
 }
 
-// What a template shows in place of a value.
+// What an unset option's comment shows in place of a value.
 std::string accepted_values(const Option& option) {
   constexpr std::array<const char*, 5> by_type = {"true|false", "INT", "INT", "FLOAT", "STR"};
   const auto type = static_cast<std::size_t>(option.type);

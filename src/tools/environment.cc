@@ -10,7 +10,7 @@ namespace norq {
 
 namespace {
 
-// The byte of a variable's name for a byte of a key. The same in every locale.
+// Converts a byte of a key to one of a variable's name, the same way in every locale.
 char variable_byte(char byte) {
   if (byte >= 'a' && byte <= 'z') return static_cast<char>(byte - 'a' + 'A');
   const bool stays = (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9');

@@ -12,7 +12,7 @@ namespace norq {
 
 namespace {
 
-// A setting that was rejected: that of a key, unless it has a sign.
+// A rejected setting: of a name if it has a sign, otherwise of a key.
 struct RejectedSetting {
   bool is_unknown;  // no option has the name; otherwise its form or value was rejected
   std::string name;
@@ -37,7 +37,7 @@ std::optional<RejectedSetting> read_error(const OptionParser& options,
 }
 
 // Reads a text that ends with " (MESSAGE: KEY, value: VALUE)". Keys and values may contain the
-// separator: the longest registered key that fits is taken.
+// separator, so the longest registered key that fits is used.
 std::optional<RejectedSetting> read_reason(const OptionParser& options, std::string_view text) {
   constexpr std::string_view unknown = " (unknown option: ";
   constexpr std::string_view rejected = " (bad value for option: ";
@@ -59,7 +59,7 @@ std::optional<RejectedSetting> read_reason(const OptionParser& options, std::str
 
 constexpr std::size_t longest_name = 64;  // bits of a mask
 
-// Where a name has each byte: bit i is set if byte i from its end is this one.
+// The positions of each byte in a name: bit i is set if the name has it i bytes from its end.
 using Matches = std::array<std::uint64_t, std::size_t{UCHAR_MAX} + 1>;
 
 Matches matches_of(std::string_view name) {
@@ -96,7 +96,7 @@ std::size_t edit_distance(const Matches& matches, std::size_t size, std::string_
   return distance;
 }
 
-// Placeholder of a value and what is accepted, by the number of the type.
+// The placeholder of a value and what is accepted, by the number of the type.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 7> type_texts = {{
     {"=BOOL", "true or false"},
     {"=INT", "digits only, such as 7"},
@@ -107,7 +107,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 7> type_text
     {"=ENUM", ""},
 }};
 
-// False for a number that a host made up.
+// False for a number that is not an enumerator.
 bool is_type(OptionType type) {
   return type >= OPT_BOOL && type <= OPT_ENUM;
 }
@@ -124,7 +124,7 @@ std::string form(const RejectedSetting& setting, std::string_view name, OptionTy
   return text;
 }
 
-// "--name" is meant as "-name".
+// "--name" is read as "-name".
 void drop_further_dashes(RejectedSetting* setting) {
   std::string& name = setting->name;
   if (name.rfind('-', 0) != 0) return;

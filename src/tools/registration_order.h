@@ -10,7 +10,7 @@
 
 namespace norq {
 
-// A key with its option, as they stand in the parser's table.
+// A key and its option, as stored in the parser's table.
 using OptionEntry = std::pair<std::string, Option>;
 
 // All options in the order in which they were registered.

@@ -2,7 +2,7 @@
 
 namespace norq {
 
-// What these arguments lead to. An error's text is shown without the argument that ends it.
+// The outcome of parsing these arguments. Errors are shown without the argument at their end.
 std::string apply(OptionBoolStyle style, const Strings& arguments) {
   SampleParser parser(style);
   parser.add_option("no_log", OPT_BOOL, "");
@@ -47,7 +47,7 @@ TEST(CommandLine, AppliesArgumentsInOrderAtItsLevelUpToAnError) {
 }
 
 // The keys a, b, c, ... hash to the buckets 4, 5, 6, ... of 31.
-TEST(CommandLine, FindsTheFirstOptionInTheTableThatHasTheNameNow) {
+TEST(CommandLine, FindsTheFirstOptionInTheTableWithTheCurrentName) {
   OptionParser parser(BOOL_STYLE_VALUE, false);
   for (char key = 't'; key >= 'a'; --key) parser.add_option(std::string(1, key), OPT_INT, "");
   Strings remaining;
@@ -58,7 +58,7 @@ TEST(CommandLine, FindsTheFirstOptionInTheTableThatHasTheNameNow) {
             "unknown option: b, value: 4, command-line: -b=4; b = 3");
 }
 
-TEST(CommandLine, TakesLinearTimeForArgumentsOfAsManyOptions) {
+TEST(CommandLine, TakesLinearTimeForManyArgumentsAndOptions) {
   expect_linear_time(1000, [](std::size_t count) {
     OptionParser parser(BOOL_STYLE_VALUE, false);
     Strings arguments;

@@ -14,7 +14,7 @@ std::string write_file(const std::string& content) {
   return path;
 }
 
-// What a file leads to, which is called FILE in errors.
+// The outcome of parsing a file. Errors show its name as FILE.
 std::string apply(const std::string& content) {
   SampleParser parser;
   const std::string path = write_file(content);
@@ -39,7 +39,7 @@ TEST(ConfigFile, AppliesStatementsUpToAnError) {
   EXPECT_EQ(apply("\\\n\\"), "invalid line 2 in config file: FILE");
 }
 
-TEST(ConfigFile, SetsOptionsByKeyAtItsLevelAndAnnouncesErrors) {
+TEST(ConfigFile, SetsOptionsByKeyAtItsLevelAndCallsTheHookOnErrors) {
   OptionParser parser(BOOL_STYLE_VALUE, false);
   parser.add_option("key", "name", OPT_INT, "");
   const std::string path = write_file("key = 1\nname = 2");
@@ -51,7 +51,7 @@ TEST(ConfigFile, SetsOptionsByKeyAtItsLevelAndAnnouncesErrors) {
   std::remove(path.c_str());
   EXPECT_EQ(outcome_of(parser, parse), "unable to open config file: " + path + "; key = 1");
   EXPECT_EQ(announced, "unknown option;invalid line ;unable to open config file: ;");
-  parser.parse_config_file("/", 5);  // which can be opened but not read
+  parser.parse_config_file("/", 5);  // can be opened but not read
 }
 
 TEST(ConfigFile, ReadsBytesInEveryGlobalLocaleAndNumbersManyLines) {

@@ -10,7 +10,7 @@ std::string value_of(OptionType type, const std::string& text) {
   parser.add_option("o", "name", type, "");
   parser.add_enum_value("o", "lowest", INT_MIN, "");
   parser.add_enum_value("o", "highest", INT_MAX, "");
-  parser.add_enum_value("o", "odd", 16777217, "");  // 2^24 + 1, which is no float
+  parser.add_enum_value("o", "odd", 16777217, "");  // 2^24 + 1, which is not a float
   return outcome_of(parser, [&] { parser.parse_option("o", text, 0); });
 }
 
@@ -26,7 +26,7 @@ TEST(HandleOption, ConvertsTheTextsThatTheTypeAccepts) {
   EXPECT_EQ(value_of(OPT_FLOAT, ".000030517578125"), "o = 3.05175781e-05");  // 2^-15
   EXPECT_EQ(value_of(OPT_FLOAT, "730258.03125"), "o = 730258");            // halfway to 730258.0625
   EXPECT_EQ(value_of(OPT_FLOAT, "9007200.500000001"), "o = 9007201");      // above half
-  EXPECT_EQ(value_of(OPT_FLOAT, "1.0000000596046447753906251"), "o = 1");  // by way of double
+  EXPECT_EQ(value_of(OPT_FLOAT, "1.0000000596046447753906251"), "o = 1");  // via double
   EXPECT_EQ(value_of(OPT_STR, "\xc4\0b"s), "o = \xc4");
   EXPECT_EQ(value_of(OPT_ENUM, "lowest"), "o = -2147483648");
   EXPECT_EQ(value_of(OPT_ENUM, "highest"), "o = 2147483647");
@@ -52,7 +52,7 @@ TEST(HandleOption, RejectsAllOtherTexts) {
   }
 }
 
-TEST(HandleOption, TheSmallerLevelWinsAndThenTheLaterValue) {
+TEST(HandleOption, SmallerLevelsWinAndThenLaterValues) {
   SampleParser parser;
   parser.add_option("empty", OPT_ENUM, "");  // has no value names
   const auto set = [&](const std::string& key, const std::string& value, int level) {

@@ -26,7 +26,7 @@ Search
 )");
 }
 
-TEST(HelpPrinter, Orders) {
+TEST(HelpPrinter, ListsInEachOrder) {
   OptionParser parser(BOOL_STYLE_PLUS_MINUS, false);
   parser.add_option("\xe9", OPT_STR, "deprecated\nb");
   parser.add_option("G", OPT_ENUM, "");
@@ -45,7 +45,7 @@ TEST(HelpPrinter, Orders) {
   EXPECT_EQ(help_of(parser, PRINT_ORDER_TYPE_NAME, PRINT_STYLE_TAB), a + d + B + e + G + c);
 }
 
-// The help text as it is listed in a column of this width.
+// The lines of the help text in a column of this width.
 Strings lines_of(const std::string& help, std::size_t width) {
   OptionParser parser(BOOL_STYLE_VALUE, false);
   parser.add_option(std::string(72 - width, 'n'), OPT_BOOL, "deprecated");  // " -nnn=BOOL"
@@ -58,7 +58,7 @@ Strings lines_of(const std::string& help, std::size_t width) {
   return lines;
 }
 
-TEST(HelpPrinter, FillsLinesToTheWidth) {
+TEST(HelpPrinter, WrapsLinesAtTheWidth) {
   EXPECT_EQ(lines_of("\ta  b\v cd ", 10), (Strings{"\ta  b\v cd "}));
   EXPECT_EQ(lines_of("", 10), Strings{""});
   EXPECT_EQ(lines_of("\n\na\n", 10), (Strings{"", "", "a", ""}));
@@ -70,7 +70,7 @@ TEST(HelpPrinter, FillsLinesToTheWidth) {
   EXPECT_EQ(lines_of("\ta\vb\fc\rd e f", 10), (Strings{" a b c d ", "e f "}));
   EXPECT_EQ(lines_of("aa\nbbbbbbbbbb cc\ndd", 10), (Strings{"aa", "", "bbbbbbbbbb ", "cc ", "dd"}));
   EXPECT_EQ(lines_of("a b", 1), (Strings{"", "a ", "b "}));
-  EXPECT_EQ(lines_of("a b\nc", 0), (Strings{"a b", "c"}));  // no room: nothing is filled
+  EXPECT_EQ(lines_of("a b\nc", 0), (Strings{"a b", "c"}));  // no room: nothing is wrapped
 }
 
 TEST(HelpPrinter, TakesLinearTimeForLongWordsAndManyBlanks) {

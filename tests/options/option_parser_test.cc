@@ -33,7 +33,7 @@ TEST(OptionParser, RegistersOptionsInGroupsButNoKeyTwice) {
   EXPECT_TRUE(parser.get_option("c")->index == 3 && parser.get_option("d")->index == 4);
 }
 
-TEST(OptionParser, AResetForgetsAllButTheStyles) {
+TEST(OptionParser, ResetKeepsOnlyTheStyles) {
   OptionParser used(BOOL_STYLE_PLUS_MINUS, true);
   OptionParser fresh(BOOL_STYLE_PLUS_MINUS, true);
   used.add_option("old", OPT_BOOL, "");
@@ -65,7 +65,7 @@ TEST(OptionParser, GettersWriteNothingUnlessTheOptionIsSet) {
   EXPECT_EQ(outcome_of(parser, [] {}), "out =");
 }
 
-TEST(OptionParser, AnErrorKeepsItsTextsAndAnnouncesItsMessage) {
+TEST(OptionParser, ErrorsKeepTheirFieldsAndCallTheHook) {
   announced.clear();
   const OptionParser::error error("message", "name", {"value\0", 6}, "argument");
   const OptionParser::error copy(error);
@@ -74,9 +74,9 @@ TEST(OptionParser, AnErrorKeepsItsTextsAndAnnouncesItsMessage) {
   EXPECT_EQ(announced, "message;");
 }
 
-const std::string long_text(40, 'x');  // no string holds it without an allocation
+const std::string long_text(40, 'x');  // too long for a string to hold without allocating
 
-// A parser, and what its members write to.
+// A parser, and the objects that its members write to.
 struct State : SampleParser {
   // The next insertion makes the table grow from 31 to 73 buckets, which swaps A (65) and z (122).
   State() {
@@ -97,7 +97,7 @@ struct State : SampleParser {
   hsh::HashSet<std::string> keys;
 };
 
-// Every member leaves all as it was, and does its work when it is called again.
+// Every member leaves everything unchanged, and succeeds when it is called again.
 TEST(OptionParser, OutOfMemoryChangesNothing) {
   const std::pair<int, void (*)(State&)> rows[] = {
       {__LINE__, [](State& s) { s.add_option(long_text, OPT_STR, long_text); }},

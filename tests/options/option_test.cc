@@ -2,7 +2,7 @@
 
 namespace norq {
 
-// A parser whose only option has other fields for another type or number.
+// A parser with one option, whose fields differ for each type and number.
 std::unique_ptr<OptionParser> make_parser(int type, int number) {
   const char* const values[] = {"true", "1", "-1", "1.5", "text", "", "fast"};
   auto parser = std::make_unique<OptionParser>(BOOL_STYLE_VALUE, false);

@@ -28,13 +28,13 @@ TEST(Checks, ReadWholeTextsAsNumbersBetweenTheBounds) {
     EXPECT_EQ(read(get_int64_option, text, 0, 9, &integer), error("bad value for option", text));
     EXPECT_EQ(read(get_double_option, text, 0, 9, &real), error("bad value for option", text));
   }
-  EXPECT_TRUE(integer == 7 && real == 7);  // untouched
+  EXPECT_TRUE(integer == 7 && real == 7);  // unchanged
   read(get_int64_option, "+9223372036854775807", 0, INT64_MAX, &integer);
   read(get_double_option, "-1.25E+2", -125, 0, &real);
   EXPECT_TRUE(integer == INT64_MAX && real == -125);
 }
 
-TEST(Checks, OfOptionsThatAreSet) {
+TEST(Checks, RequireExcludeAndLimitOptionsThatAreSet) {
   OptionParser options(BOOL_STYLE_VALUE, false);
   options.add_option("f", "F", OPT_FLOAT, "");
   options.add_option("i", "I", OPT_INT, "");

@@ -15,7 +15,7 @@ std::string script_of(const OptionParser& options, const std::string& program, i
   return out.str();
 }
 
-TEST(Completion, WordsOfEachBoolStyle) {
+TEST(Completion, OffersTheWordsOfEachBoolStyle) {
   const std::pair<OptionBoolStyle, const char*> rows[] = {
       {BOOL_STYLE_NO_PREFIX, "'-b' '-no_b' '-f' '-i=' "},
       {BOOL_STYLE_PLUS_MINUS, "'+b' '-b' '+f' '+no_f' '+i=' "},
@@ -43,7 +43,7 @@ TEST(Completion, NothingEscapesItsQuotes) {
     for (char& byte : text) byte = "'\\`$\"\n\x80"[random() % 7];
     return "`" + text + "`";  // no script has backquotes of its own
   };
-  // What is quoted: between quotes, only fish lets a backslash escape a byte.
+  // Quoted text. Between single quotes, only fish lets a backslash escape a byte.
   const std::regex in_bash_and_zsh(R"(\\(.|\n)|'[^']*')");
   const std::regex in_fish(R"(\\(.|\n)|'(\\(.|\n)|[^'\\])*')");
   for (int round = 0; round < 300; ++round) {
@@ -60,7 +60,7 @@ TEST(Completion, NothingEscapesItsQuotes) {
   }
 }
 
-TEST(Completion, InTheShells) {
+TEST(Completion, WorksInTheShells) {
   const std::string attack = "$(touch hit)`touch hit`';touch hit;'\"\\|&*:\xc3\xa4";
   OptionParser options(BOOL_STYLE_NO_PREFIX, false);
   options.add_option("fold", OPT_BOOL, attack + "\t\x7f.\nsecond line\n");

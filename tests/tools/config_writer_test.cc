@@ -12,7 +12,7 @@
 
 namespace norq {
 
-TEST(ConfigWriter, WritesForReadersAndLeavesOutWhatNoFileCanHold) {
+TEST(ConfigWriter, WritesReadableFilesAndLeavesOutWhatTheyCannotHold) {
   SampleParser options(BOOL_STYLE_PLUS_MINUS);
   for (const char* const group : {"Late", "Early"}) options.set_cur_help_group(group);
   options.add_option("shade", "c", OPT_ENUM, "First line.\n\nThird line.\\\n");
@@ -25,7 +25,7 @@ TEST(ConfigWriter, WritesForReadersAndLeavesOutWhatNoFileCanHold) {
   options.parse_option("limit", "-007", 0);
   options.parse_option("verbose", "true", 0);
   options.parse_option("ratio", "00.10000000149011612", 0);
-  // 2^87, below which floats lie closer together. 15474250... reads as the next one down.
+  // 2^87, below which floats lie closer together. 15474250... is read as the next smaller float.
   options.add_option("large", OPT_FLOAT, "");
   options.parse_option("large", "154742504910672534362390528", 0);
   const Strings left_out = {"uint", "code", "-1", "-0", "inf", "nan"};
@@ -91,7 +91,7 @@ TEST(ConfigWriter, WhatIsWrittenIsReadBackAndTheRestIsLeftOut) {
     options.set_cur_help_group(random_text());
     options.add_option(key, OPT_STR, random_text());
     options.parse_option(key, text, 0);
-    // A file can hold a setting if the setting's plain line is read as the setting.
+    // A file can hold a setting if reading it as a plain line gives the same setting.
     const std::string setting = key + " = " + text;
     const bool is_storable = read(setting + "\n", key) == setting;
     std::ostringstream out;

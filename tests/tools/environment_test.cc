@@ -16,7 +16,7 @@ bool is_set_by(const char* variable, const std::string& prefix, const std::strin
   return options.get_flag_option(key);
 }
 
-TEST(Environment, VariableOfAKey) {
+TEST(Environment, FindsTheVariableOfAKey) {
   EXPECT_TRUE(is_set_by("nq_WIDTH", "nq_", "width"));
   EXPECT_TRUE(is_set_by("NQ_AZ09______", "NQ_", "aZ09-@[`{ "));
   EXPECT_TRUE(is_set_by("NQ____B", "NQ_", std::string("\xc3\xa4\0b", 4)));

@@ -17,7 +17,7 @@ std::string hint(OptionParser& options, const std::string& written) {
   return "accepted";
 }
 
-TEST(Hints, SayHowToWriteAnOption) {
+TEST(Hints, ShowHowToWriteAnOption) {
   const std::string long_name(65, 'x');
   constexpr OptionBoolStyle no_prefix = BOOL_STYLE_NO_PREFIX;
   constexpr OptionBoolStyle plus_minus = BOOL_STYLE_PLUS_MINUS;
@@ -39,7 +39,7 @@ TEST(Hints, SayHowToWriteAnOption) {
       {no_prefix, "(bad value for option: dump, value:  (unknown option: )", " (write dump=)"},
       {no_prefix, "(bad value for option: a, value: b, value: ?)", " (write a, value: b=)"},
       {no_prefix, "-vrebsoe", " (did you mean -verbose?)"},
-      {no_prefix, "-verboeXs", ""},  // exchanged bytes are not edited again
+      {no_prefix, "-verboeXs", ""},  // swapped bytes are not edited again
       {no_prefix, "-serbo", ""},
       {no_prefix, "-aba", ""},
       {no_prefix, "-ac", ""},

@@ -18,7 +18,7 @@ TEST(Exception, TextGrowsInTheClassicLocaleAndTheHookSeesItsStartOnce) {
   exception << std::hex << 65535 << '\0';
   Exception copy(exception);
   copy << 'c';
-  EXPECT_STREQ(copy.what(), "ab1234ffff");  // the rest is behind the NUL byte
+  EXPECT_STREQ(copy.what(), "ab1234ffff");  // the rest follows the NUL byte
   EXPECT_STREQ(text, "ab1234");             // valid until what() is called again
   EXPECT_STREQ(exception.what(), "ab1234ffff");
   EXPECT_EQ(announced, "a;");

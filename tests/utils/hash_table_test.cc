@@ -52,8 +52,8 @@ TEST(ObjectPool, ReusesTheBlockOfAFailedObjectAndRejectsTooLargeChunks) {
   EXPECT_THROW(pool.create(*text), std::bad_alloc);
 }
 
-// Makes random calls, some of which run out of memory, and compares the table with its rules.
-TEST(HashTable, FollowsItsRulesAndFailedCallsChangeNothing) {
+// Compares the table with a reference model in random calls, some of which run out of memory.
+TEST(HashTable, MatchesTheModelAndFailedCallsChangeNothing) {
   HashMap<std::string, unsigned> table;
   std::list<std::pair<std::string, unsigned>> slow;  // the elements in the order of iteration
   std::size_t buckets = 31;

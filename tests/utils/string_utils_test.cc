@@ -14,7 +14,7 @@ TEST(Strip, RemovesExactlySixBytesAtTheEnds) {
   EXPECT_EQ(lstrip<IsSpace>(" ") + rstrip<IsSpace>(" "), "");
 }
 
-TEST(Tokenizer, CutsAtDelimitersUpToTheLimit) {
+TEST(Tokenizer, SplitsAtDelimitersUpToTheLimit) {
   using Tokens = std::vector<std::pair<std::size_t, std::string>>;  // with their positions
   const std::tuple<int, std::string, const char*, std::size_t, Tokens> rows[] = {
       {__LINE__, "=a==b", "=", 0, {{0, ""}, {1, "a"}, {3, ""}, {4, "b"}}},

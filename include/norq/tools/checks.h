@@ -7,18 +7,18 @@
 
 #include "norq/options/option_parser.h"
 
-/// Checks that parsing cannot make. An option with a default (`set_default`) counts as set. The
+/// Checks to run after parsing. An option with a default (`set_default`) counts as set. The
 /// library needs `std::to_chars` for floating-point numbers (libstdc++ 11, libc++ 14).
 namespace norq {
 
 ///@{
-/// Reads an OPT_STR option as a decimal number, in any locale: digits, a sign if there is one, and
-/// for a double also a point and an exponent. Returns false, and writes nothing, if `key` is not
-/// registered, not set or of another type.
+/// Reads an OPT_STR option as a decimal number, whatever the locale: digits with an optional sign
+/// and, for a double, an optional point and exponent. Returns false and writes nothing if `key` is
+/// not registered, not set or of another type.
 ///
-/// Throws `OptionParser::error` "bad value for option" if the whole text is not such a number, and
-/// "value out of range LOW to HIGH" if it is not from `low` to `high` (no number is if `low` is
-/// greater or a bound is NaN) or overflows. The error's name is `key`; `*out` is untouched.
+/// Throws `OptionParser::error`: "bad value for option" if the text is not such a number, or "value
+/// out of range LOW to HIGH" if it overflows or is outside `low` to `high` (as is every number if
+/// `low` > `high` or a bound is NaN). The error's name is `key`; `*out` is untouched.
 bool get_int64_option(const OptionParser& options, const std::string& key, std::int64_t low,
                       std::int64_t high, std::int64_t* out);
 bool get_double_option(const OptionParser& options, const std::string& key, double low, double high,
@@ -26,9 +26,9 @@ bool get_double_option(const OptionParser& options, const std::string& key, doub
 ///@}
 
 /// Throws the same "value out of range LOW to HIGH" for the value of an OPT_INT, OPT_UINT or
-/// OPT_FLOAT option. For an OPT_FLOAT the bounds are rounded to `float`, as its value is. Integers
-/// beyond `int` were saturated, so only a bound inside `int` rejects them. Does nothing if the
-/// option is not registered, not set or of another type.
+/// OPT_FLOAT option. For an OPT_FLOAT, the bounds are rounded to `float`, like its value. Integers
+/// outside `int` saturate, so only a bound strictly inside that range rejects them. Does nothing if
+/// the option is not registered, not set or of another type.
 void check_range(const OptionParser& options, const std::string& key, double low, double high);
 
 /// Throws `Exception` "required option is not set: NAME" for the first key that is not set. NAME is
@@ -36,7 +36,7 @@ void check_range(const OptionParser& options, const std::string& key, double low
 void require_options(const OptionParser& options, const std::vector<std::string>& keys);
 
 /// Throws `Exception` "options exclude each other: NAME, NAME" for the first two options that are
-/// set, if only by a default. Keys that are not registered or were listed before are ignored.
+/// set, even by a default. Unregistered keys and repetitions of a key are ignored.
 void exclude_options(const OptionParser& options, const std::vector<std::string>& keys);
 
 }  // namespace norq

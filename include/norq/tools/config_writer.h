@@ -9,21 +9,21 @@
 
 namespace norq {
 
-/// Writes a configuration file that sets the options that are set to the same values again, in
+/// Writes a configuration file that restores the values of all options that are set, in
 /// registration order, and flushes `out`. Comments show their help texts and, as "## GROUP", each
-/// change of the help group. `with_unset` adds the other options as comments, with what they accept
+/// change of help group. `with_unset` adds the other options as comments that show what they accept
 /// ("#width = INT", "#mode = fast|full").
 ///
-/// A default (`set_default`) is a value, and is written too. Of several names for one enumeration
-/// code the first is written. A float has the fewest significant digits that norq reads as the same
-/// value, without an exponent.
+/// Defaults (`set_default`) are written too. If several names share an enumeration code, the first
+/// is written. A float is written without an exponent, with the fewest significant digits that norq
+/// reads back as the same value.
 ///
 /// Returns the keys, in registration order, of the options left out because no file can hold them:
 /// keys and texts with a line feed or with white space at either end; keys that start with '#' or
 /// contain '='; texts that end with a backslash; values that are not finite or that the option's
-/// type rejects (only a host can store those, for example a negative OPT_UINT).
+/// type rejects (only a program can store those, for example a negative OPT_UINT).
 ///
-/// Sorts the options; otherwise it takes time in proportion to what it writes.
+/// Sorts the options; apart from that, the time is proportional to the size of the output.
 ///
 /// If a group's name has a line feed, no group names are written. Calls `print_help`, which may
 /// name unnamed groups. Check `out`'s state for write failures. Writes nothing if it throws.

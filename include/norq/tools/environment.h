@@ -8,17 +8,17 @@
 namespace norq {
 
 /// Sets every option whose variable is in the environment, in registration order. The variable's
-/// name is `prefix`, then the key with ASCII letters in upper case and '_' for every other byte
+/// name is `prefix` plus the key with ASCII letters in upper case and '_' for every other byte
 /// that is not an ASCII digit: "GREET_LOG_FILE" for the prefix "GREET_" and the key "log-file".
-/// Several keys may share a variable. A prefix with '=' or a NUL byte finds no variable.
+/// Several keys may share a variable. A prefix with '=' or a NUL byte matches no variable.
 ///
-/// The values are those of `parse_option`; only an empty variable sets an OPT_FLAG.
+/// Variables accept the same values as `parse_option`; an OPT_FLAG accepts only an empty one.
 ///
 /// Throws `Exception` "invalid environment variable NAME (REASON)" for the first value that is
-/// rejected, with the text of the `error` as REASON. What was applied before that stays.
+/// rejected, with the text of the `error` as REASON. Values applied before that stay.
 ///
-/// Sorts the options, and searches the environment once for each. No other thread may change the
-/// environment meanwhile (`std::getenv`).
+/// Sorts the options and searches the environment once for each option. No other thread may change
+/// the environment during the call (it uses `std::getenv`).
 void parse_environment(OptionParser& options, const std::string& prefix, int level);
 
 }  // namespace norq

@@ -6,14 +6,14 @@
 
 #include "norq/options/option_parser.h"
 
-/// Parsing for hosts that are built without exceptions. (norq itself must be built with them.)
+/// Parsing for programs that are built without exceptions. (norq itself must be built with them.)
 namespace norq {
 
 ///@{
-/// Do what `OptionParser::parse_args` and `OptionParser::parse_config_file` do, and return true.
-/// Where those throw, whatever it is, return false and write the exception's `what()` through
-/// `message`, which may be null. If there is no memory for that, `*message` becomes empty. What was
-/// applied and appended before the failure stays. On success `*message` is not touched.
+/// Call `OptionParser::parse_args` and `OptionParser::parse_config_file`, and return true. If those
+/// throw any exception, return false and store its `what()` in `*message`; `message` may be null.
+/// If that runs out of memory, `*message` becomes empty. Everything applied and appended before the
+/// failure stays. On success, `*message` is unchanged.
 bool try_parse_args(OptionParser& options, int argc, const char* const* argv,
                     std::vector<std::string>& remaining, int level, std::string* message) noexcept;
 bool try_parse_config_file(OptionParser& options, const std::string& file_name, int level,
